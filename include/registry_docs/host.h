@@ -1,0 +1,109 @@
+// What a host project hands to the generator: its tools, their input schemas, its
+// routing tables and its rules text, bound once in a plain value. All texts are UTF-8.
+//
+// The generator reads a host and never changes it, and keeps nothing of it between
+// calls: a tool added to `Host::TOOLS` shows in the next rendering. What a host's
+// operation throws passes through the generator unchanged.
+#ifndef REGISTRY_DOCS_HOST_H
+#define REGISTRY_DOCS_HOST_H
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "registry_docs/value.h"
+
+namespace registry_docs {
+
+// Writes one value the way its surroundings need it, as a code span for instance.
+using ValueFormat = std::function<std::string(std::string_view)>;
+
+// One parameter of a tool.
+struct ParamSpec {
+  std::string name;          // snake_case, as the tool's input schema spells it
+  bool required = false;     // the shortest command line names exactly the required ones
+  Value default_value = {};  // null: the parameter has no default
+  // Defaults that differ by action, in the order in which they are shown.
+  std::vector<std::pair<std::string, Value>> action_defaults = {};
+  std::vector<std::string> applies_to = {};  // action names; empty: every action
+  // The text that names the accepted values, each written through the format. Left
+  // unset, or returning the empty text: there are none to name.
+  std::function<std::string(const ValueFormat&)> values_text = {};
+};
+
+// One tool.
+struct ToolSpec {
+  std::string name;                            // snake_case, unique in the registry
+  std::string tier = {};                       // one of Host::TIERS
+  std::string summary = {};                    // what the tool is for, for table cells
+  std::string mcp_text = {};                   // what MCP sends an agent for this tool
+  std::vector<std::string> actions = {};       // empty exactly when `action_names` is
+  std::vector<std::string> action_names = {};  // in order of declaration
+  std::vector<ParamSpec> all_params = {};      // in the order of the schema's properties
+};
+
+// Whether an array's items have a declared type, and which.
+struct ItemsSchema {
+  std::optional<std::string> type = {};
+};
+
+// The schema of one property. An unset `type` is a missing key.
+struct PropertySchema {
+  std::string name;
+  std::optional<std::string> type = {};
+  std::optional<ItemsSchema> items = {};  // read only where `type` is "array"
+  std::string description = {};
+  Value minimum = {};  // null: no lower bound
+  Value maximum = {};  // null: no upper bound
+};
+
+// A tool's input schema, as the host's command line prints it. Both members must be
+// there, if only empty; an unset one is a missing key.
+struct InputSchema {
+  std::optional<std::vector<PropertySchema>> properties = {};  // in order, names distinct
+  std::optional<std::vector<std::string>> required = {};       // read as a set
+};
+
+// Facts that a routing table's notes may name, by name.
+using Facts = std::map<std::string, std::string, std::less<>>;
+
+// The bound host. An operation that is left unset throws std::bad_function_call from
+// the first renderer that needs it.
+struct Host {
+  // The tier names in documentation order; fixed once the host is bound.
+  const std::vector<std::string> TIERS = {};
+
+  // The tools in registry order. The records are shared, so that a table of generated
+  // files made before a change to this list keeps the tools it was made from.
+  std::vector<std::shared_ptr<const ToolSpec>> TOOLS = {};
+
+  // The input schema of the tool of this name.
+  std::function<InputSchema(std::string_view name)> get_cli_schema = {};
+
+  // The form that the command line uses for a tool's or a parameter's name.
+  std::function<std::string(std::string_view name)> snake_to_kebab = {};
+
+  // The routing table of the rules block.
+  std::function<std::string()> rules_table = {};
+
+  // The "Route by need" table of the skill, its notes filled in with the facts.
+  std::function<std::string(const Facts& facts)> skill_table = {};
+
+  // Keys and names of the web frameworks whose endpoints the host recognises, in order.
+  std::vector<std::pair<std::string, std::string>> ENDPOINT_FRAMEWORKS = {};
+
+  // The rules text, its routing table in a generated block.
+  std::string TESMO_INSTRUCTION_CONTENT = {};
+
+  // The rules text with its block markers taken out.
+  std::function<std::string(std::string_view text)> without_markers = {};
+};
+
+}  // namespace registry_docs
+
+#endif  // REGISTRY_DOCS_HOST_H

@@ -1,0 +1,28 @@
+// The markers that fence a generated block, for hosts that take them out of a text.
+#ifndef REGISTRY_DOCS_MARKERS_H
+#define REGISTRY_DOCS_MARKERS_H
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace registry_docs {
+
+// "<!-- registry:NAME -->" or "<!-- /registry:NAME -->", to the character. NAME is one or
+// more letters and numbers of any script, "_", ":" and "-".
+struct Marker {
+  enum class Kind { opening, closing };
+
+  Kind kind;
+  std::string_view name;  // borrows from the text that was searched
+  std::size_t begin;      // byte offsets in that text
+  std::size_t end;
+};
+
+// The first marker that begins at or after the byte `from`, whether or not it has a
+// partner or ends its line.
+std::optional<Marker> find_marker(std::string_view text, std::size_t from);
+
+}  // namespace registry_docs
+
+#endif  // REGISTRY_DOCS_MARKERS_H

@@ -1,0 +1,33 @@
+// Texts and text files as the generator reads them, for hosts that read their own.
+#ifndef REGISTRY_DOCS_TEXT_H
+#define REGISTRY_DOCS_TEXT_H
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace registry_docs {
+
+// The byte offset of the first sequence that is not well-formed UTF-8 (overlong forms,
+// surrogates and code points beyond U+10FFFF are ill-formed), or nothing.
+std::optional<std::size_t> find_ill_formed(std::string_view bytes);
+
+// Appends a Unicode scalar value, which `code_point` must be, as UTF-8.
+void append_code_point(std::string& text, char32_t code_point);
+
+// `text` without the white space, of any script, at its ends. Borrows from `text`.
+std::string_view strip(std::string_view text);
+
+// A file's bytes as they are. A pipe or a device is read to its end. Throws FileError.
+std::string read_bytes(const std::filesystem::path& path);
+
+// A text file's contents, every CR LF and lone CR made a line feed. A byte-order mark
+// stays. Throws FileError for a file that cannot be read or is no regular file, and
+// DecodeError for one that is not UTF-8.
+std::string read_text(const std::filesystem::path& path);
+
+}  // namespace registry_docs
+
+#endif  // REGISTRY_DOCS_TEXT_H

@@ -1,0 +1,15 @@
+// gen_registry_docs: makes every list of a tool server's tools from its registry.
+#include <cstdio>
+#include <exception>
+
+#include "gen_registry_docs/run.h"
+
+int main(int argc, char** argv) {
+  try {
+    const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
+    return gen_registry_docs::run(options);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 2;
+  }
+}

@@ -1,0 +1,101 @@
+#include "gen_registry_docs/run.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+#include "registry_docs/registry_docs.h"
+#include "tesmo_sorvet/host.h"
+
+namespace gen_registry_docs {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The nearest directory, from the current one upward, that holds a registry file.
+fs::path find_root() {
+  const fs::path start = fs::current_path();
+  for (fs::path directory = start;; directory = directory.parent_path()) {
+    if (::access((directory / tesmo_sorvet::registry_path).c_str(), F_OK) == 0) {
+      return directory;
+    }
+    if (directory == directory.parent_path()) break;
+  }
+  throw UsageError(start.string() + ": expected " + tesmo_sorvet::registry_path +
+                   " here or in a directory above, found none; name the repository with "
+                   "--root DIR");
+}
+
+void print(const std::string& text) {
+  const bool is_whole = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (!is_whole || std::fflush(stdout) != 0) {
+    throw registry_docs::FileError("standard output", {errno, std::generic_category()});
+  }
+}
+
+void print_lines(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  print(text);
+}
+
+// The text as one word of a shell's command line.
+std::string shell_word(const std::string& text) {
+  std::string word = "'";
+  for (const char c : text) word += c == '\'' ? "'\\''" : std::string(1, c);
+  return word + "'";
+}
+
+std::string write_command(const Options& options) {
+  std::string command = "gen_registry_docs --write";
+  if (options.root) command += " --root " + shell_word(*options.root);
+  if (options.registry) command += " --registry " + shell_word(*options.registry);
+  return command;
+}
+
+// Tells a person at a terminal what to do about the problems.
+void advise(const Options& options) {
+  if (::isatty(STDERR_FILENO) == 0) return;
+  const std::string advice =
+      "To bring the blocks up to date, first mend any markers that do not match, then run:\n"
+      "  " +
+      write_command(options) + "\n";
+  std::fputs(advice.c_str(), stderr);
+}
+
+int check(const registry_docs::Host& host, const fs::path& root, const Options& options) {
+  const std::vector<std::string> problems = registry_docs::stale_blocks(host, root);
+  print_lines(problems);
+  if (problems.empty()) return 0;
+  advise(options);
+  return 1;
+}
+
+int write(const registry_docs::Host& host, const fs::path& root) {
+  try {
+    print_lines(registry_docs::write_blocks(host, root));
+    return 0;
+  } catch (const registry_docs::ValueError& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+}
+
+}  // namespace
+
+int run(const Options& options) {
+  if (options.action == Action::help) return print(help_text), 0;
+  if (options.action == Action::version) {
+    return print("gen_registry_docs " REGISTRY_DOCS_VERSION "\n"), 0;
+  }
+  const fs::path root = options.root ? fs::path(*options.root) : find_root();
+  const std::string registry =
+      options.registry.value_or((root / tesmo_sorvet::registry_path).string());
+  const registry_docs::Host host = tesmo_sorvet::bind_host(root, registry);
+  return options.action == Action::check ? check(host, root, options) : write(host, root);
+}
+
+}  // namespace gen_registry_docs

@@ -1,0 +1,108 @@
+#include "registry_docs/blocks/scan.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+
+#include "registry_docs/markers.h"
+#include "registry_docs/registry_docs.h"
+
+namespace registry_docs {
+namespace blocks {
+namespace {
+
+// Finds closing markers by name, wherever they stand. Most texts never need it: a block
+// without a marker in its body is closed by the very next one. Where it is needed, one
+// pass over the rest of the text serves every later search; a search of its own for each
+// opening marker without a partner would be quadratic.
+class ClosingMarkers {
+ public:
+  explicit ClosingMarkers(std::string_view text) : text_(text) {}
+
+  // The first one of that name at or after `from`, which never decreases between calls.
+  std::optional<Marker> find(std::string_view name, std::size_t from) {
+    if (!by_name_) collect(from);
+    const auto found = by_name_->find(name);
+    if (found == by_name_->end()) return std::nullopt;
+    const std::vector<Marker>& markers = found->second;
+    const auto next = std::ranges::lower_bound(markers, from, {}, &Marker::begin);
+    if (next == markers.end()) return std::nullopt;
+    return *next;
+  }
+
+ private:
+  void collect(std::size_t from) {
+    by_name_.emplace();
+    for (auto marker = find_marker(text_, from); marker;
+         marker = find_marker(text_, marker->end)) {
+      if (marker->kind == Marker::Kind::closing) (*by_name_)[marker->name].push_back(*marker);
+    }
+  }
+
+  std::string_view text_;
+  std::optional<std::unordered_map<std::string_view, std::vector<Marker>>> by_name_;
+};
+
+bool opens_a_block(std::string_view text, const Marker& marker) {
+  return marker.kind == Marker::Kind::opening && text.substr(marker.end).starts_with('\n');
+}
+
+bool closes(const std::optional<Marker>& marker, std::string_view name) {
+  return marker && marker->kind == Marker::Kind::closing && marker->name == name;
+}
+
+Block block_between(std::string_view text, const Marker& opening, const Marker& closing) {
+  const std::size_t body = opening.end + 1;
+  return {.open = text.substr(opening.begin, body - opening.begin),
+          .name = opening.name,
+          .body = text.substr(body, closing.begin - body),
+          .close = text.substr(closing.begin, closing.end - closing.begin)};
+}
+
+}  // namespace
+
+std::vector<Block> scan(std::string_view text) {
+  std::vector<Block> found;
+  ClosingMarkers closing_markers(text);
+  std::optional<Marker> marker = find_marker(text, 0);
+  while (marker) {
+    const std::optional<Marker> next = find_marker(text, marker->end);
+    if (!opens_a_block(text, *marker)) {
+      marker = next;
+      continue;
+    }
+    const auto closing =
+        closes(next, marker->name) ? next : closing_markers.find(marker->name, marker->end);
+    if (!closing) {
+      marker = next;
+      continue;
+    }
+    found.push_back(block_between(text, *marker, *closing));
+    marker = find_marker(text, closing->end);
+  }
+  return found;
+}
+
+std::vector<std::pair<std::string_view, std::string_view>> blocks(std::string_view text) {
+  std::vector<std::pair<std::string_view, std::string_view>> bodies;
+  std::unordered_map<std::string_view, std::size_t> places;
+  for (const Block& block : scan(text)) {
+    const auto [place, is_new] = places.try_emplace(block.name, bodies.size());
+    if (is_new) {
+      bodies.emplace_back(block.name, block.body);
+    } else {
+      bodies[place->second].second = block.body;
+    }
+  }
+  return bodies;
+}
+
+}  // namespace blocks
+
+std::vector<std::string_view> block_names(std::string_view text) {
+  std::vector<std::string_view> names;
+  for (const blocks::Block& block : blocks::scan(text)) names.push_back(block.name);
+  return names;
+}
+
+}  // namespace registry_docs

@@ -1,0 +1,15 @@
+#include "registry_docs/blocks/render.h"
+#include "registry_docs/registry_docs.h"
+#include "registry_docs/text.h"
+
+namespace registry_docs {
+
+std::string rules_block(const Host& host) {
+  const std::string& rules = host.TESMO_INSTRUCTION_CONTENT;
+  const std::string current =
+      blocks::with_bodies(rules, blocks::scan(rules),
+                          [&host](const blocks::Block&) { return host.rules_table(); });
+  return std::string(strip(host.without_markers(current)));
+}
+
+}  // namespace registry_docs

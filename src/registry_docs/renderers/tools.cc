@@ -1,0 +1,75 @@
+#include "registry_docs/renderers/tools.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "registry_docs/markdown.h"
+#include "registry_docs/registry_docs.h"
+#include "registry_docs/text/join.h"
+
+namespace registry_docs {
+namespace renderers {
+namespace {
+
+using Ranks = std::unordered_map<std::string_view, std::size_t>;
+
+// Each tier's place in the documentation, by name.
+Ranks tier_ranks(const Host& host) {
+  Ranks ranks;
+  for (const std::string& tier : host.TIERS) ranks.try_emplace(tier, ranks.size());
+  return ranks;
+}
+
+}  // namespace
+
+std::vector<Tools> tier_tools(const Host& host) {
+  const Ranks ranks = tier_ranks(host);
+  std::vector<Tools> tiers(host.TIERS.size());
+  for (const auto& tool : host.TOOLS) {
+    const auto rank = ranks.find(tool->tier);
+    if (rank != ranks.end()) tiers[rank->second].push_back(tool);
+  }
+  return tiers;
+}
+
+std::string tier_counts(const Host& host) {
+  const std::vector<Tools> tiers = tier_tools(host);
+  std::vector<std::string> counts;
+  for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
+    counts.push_back(std::to_string(tiers[rank].size()) + " " + host.TIERS[rank]);
+  }
+  return text::join(counts, " and ");
+}
+
+std::string actions_cell(const ToolSpec& tool, std::string_view placeholder) {
+  if (tool.action_names.empty()) return std::string(placeholder);
+  return text::join(tool.action_names, ", ", markdown::code);
+}
+
+}  // namespace renderers
+
+std::vector<std::shared_ptr<const ToolSpec>> ordered_tools(const Host& host) {
+  const std::vector<renderers::Tools> tiers = renderers::tier_tools(host);
+  renderers::Tools ordered;
+  ordered.reserve(host.TOOLS.size());
+  for (const renderers::Tools& tools : tiers) {
+    ordered.insert(ordered.end(), tools.begin(), tools.end());
+  }
+  if (ordered.size() == host.TOOLS.size()) return ordered;
+  const auto stray = std::ranges::find_if(host.TOOLS, [&host](const auto& tool) {
+    return std::ranges::find(host.TIERS, tool->tier) == host.TIERS.end();
+  });
+  throw ValueError((*stray)->name + ": expected one of the tiers " +
+                   text::join(host.TIERS, ", ") + ", found " + (*stray)->tier);
+}
+
+std::string cli_usage(const Host& host, const ToolSpec& tool) {
+  std::string line = "tesmo-sorvet query " + host.snake_to_kebab(tool.name);
+  for (const ParamSpec& param : tool.all_params) {
+    if (!param.required) continue;
+    line += " --" + host.snake_to_kebab(param.name) + " <" + param.name + ">";
+  }
+  return line;
+}
+
+}  // namespace registry_docs

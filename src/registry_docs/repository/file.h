@@ -1,0 +1,27 @@
+// Rewriting a file of the repository in place.
+#ifndef REGISTRY_DOCS_REPOSITORY_FILE_H
+#define REGISTRY_DOCS_REPOSITORY_FILE_H
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace registry_docs::repository {
+
+// The bytes of a regular file. Throws FileError, also for anything else in its place; a
+// pipe there is never waited on.
+std::string read_regular_file(const std::filesystem::path& path);
+
+// The text that a file's bytes hold: UTF-8, every CR LF and lone CR made a line feed.
+// Throws DecodeError, which names `path`.
+std::string decoded(const std::filesystem::path& path, std::string bytes);
+
+// Makes `text` the contents of the file, whose present contents are `old_bytes`. The file
+// keeps its inode, mode, owner and links. Room for the text is claimed before a byte
+// changes; when a write fails all the same, the old bytes are put back. Throws FileError.
+void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
+             std::string_view text);
+
+}  // namespace registry_docs::repository
+
+#endif  // REGISTRY_DOCS_REPOSITORY_FILE_H

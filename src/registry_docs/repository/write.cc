@@ -1,0 +1,24 @@
+#include "registry_docs/registry_docs.h"
+#include "registry_docs/repository/file.h"
+#include "registry_docs/text.h"
+
+namespace registry_docs {
+
+std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root) {
+  const std::vector<GeneratedFile> files = generated_files(host);
+  std::vector<std::string> rendered;
+  for (const GeneratedFile& generated : files) {
+    rendered.push_back(render_file(read_text(root / generated.path), generated));
+  }
+  std::vector<std::string> written;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const std::filesystem::path path = root / files[i].path;
+    const std::string old_bytes = repository::read_regular_file(path);
+    if (repository::decoded(path, old_bytes) == rendered[i]) continue;
+    repository::rewrite(path, old_bytes, rendered[i]);
+    written.push_back(files[i].path);
+  }
+  return written;
+}
+
+}  // namespace registry_docs

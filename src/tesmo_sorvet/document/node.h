@@ -1,0 +1,57 @@
+// A value of a document, read for what it must be.
+#ifndef TESMO_SORVET_DOCUMENT_NODE_H
+#define TESMO_SORVET_DOCUMENT_NODE_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "registry_docs/value.h"
+#include "tesmo_sorvet/document/document.h"
+
+namespace tesmo_sorvet {
+
+// Every refusal is a RegistryError that names the value's place, what was expected there
+// and what was found. Borrows from the document.
+class Node {
+ public:
+  explicit Node(const Document& document) : Node(document, document.root()) {}
+
+  [[nodiscard]] Kind kind() const { return token_->kind; }
+
+  // Refuses a value of another kind.
+  [[nodiscard]] std::string_view string() const;
+  [[nodiscard]] bool boolean() const;
+  [[nodiscard]] std::vector<Node> elements() const;
+  [[nodiscard]] std::vector<std::string> strings() const;
+  [[nodiscard]] std::vector<std::pair<std::string_view, Node>> members() const;
+
+  // The member of that name of an object, and of one that must have it.
+  [[nodiscard]] std::optional<Node> find(std::string_view name) const;
+  [[nodiscard]] Node at(std::string_view name) const;
+
+  // Any value; an object is kept as its compact JSON text.
+  [[nodiscard]] registry_docs::Value value() const;
+  // A number or null.
+  [[nodiscard]] registry_docs::Value bound() const;
+
+  // "expected EXPECTED, found FOUND", at this value's place.
+  [[noreturn]] void refuse(const std::string& expected, const std::string& found) const;
+
+ private:
+  Node(const Document& document, const Token& token) : document_(&document), token_(&token) {}
+
+  void require(Kind kind) const;
+  [[nodiscard]] const Token* end() const { return token_ + token_->span; }
+  [[nodiscard]] std::string described() const;
+  void append_json(std::string& json) const;
+
+  const Document* document_;
+  const Token* token_;
+};
+
+}  // namespace tesmo_sorvet
+
+#endif  // TESMO_SORVET_DOCUMENT_NODE_H

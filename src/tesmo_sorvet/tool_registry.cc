@@ -1,0 +1,149 @@
+#include "tesmo_sorvet/tool_registry.h"
+
+#include <functional>
+#include <unordered_set>
+
+#include "registry_docs/markdown.h"
+#include "registry_docs/text.h"
+#include "tesmo_sorvet/names.h"
+
+namespace tesmo_sorvet {
+namespace {
+
+using registry_docs::ParamSpec;
+using registry_docs::ToolSpec;
+using registry_docs::Value;
+using registry_docs::ValueFormat;
+using NameSet = std::unordered_set<std::string_view>;
+
+std::vector<std::string> strings_of(const Node& object, std::string_view name) {
+  const auto found = object.find(name);
+  return found ? found->strings() : std::vector<std::string>();
+}
+
+// The text that names the values, each spelled and then written through a format.
+std::function<std::string(const ValueFormat&)> values_text(std::vector<Value> values) {
+  if (values.empty()) return {};
+  return [values = std::move(values)](const ValueFormat& format) {
+    std::string text = "One of ";
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      text += (i == 0 ? "" : ", ") + format(registry_docs::markdown::value(values[i]));
+    }
+    return text + ".";
+  };
+}
+
+std::vector<Value> values_of(const Node& object, std::string_view name) {
+  std::vector<Value> values;
+  const auto found = object.find(name);
+  if (!found) return values;
+  for (const Node& element : found->elements()) values.push_back(element.value());
+  return values;
+}
+
+Value default_of(const Node& object) {
+  const auto found = object.find("default");
+  return found ? found->value() : Value();
+}
+
+ParamSpec declared_param(const Node& declared) {
+  ParamSpec param{.name = name_of(declared), .default_value = default_of(declared)};
+  if (const auto required = declared.find("required")) param.required = required->boolean();
+  if (const auto defaults = declared.find("action_defaults")) {
+    for (const auto& [action, value] : defaults->members()) {
+      param.action_defaults.emplace_back(action, value.value());
+    }
+  }
+  param.applies_to = strings_of(declared, "applies_to");
+  param.values_text = values_text(values_of(declared, "values"));
+  return param;
+}
+
+// The parameters that a tool's schema alone declares.
+std::vector<ParamSpec> schema_params(const Node& schema) {
+  std::vector<ParamSpec> params;
+  const auto properties = schema.find("properties");
+  if (!properties) return params;
+  NameSet required;
+  if (const auto names = schema.find("required")) {
+    for (const Node& name : names->elements()) required.insert(name.string());
+  }
+  for (const auto& [name, property] : properties->members()) {
+    params.push_back({.name = std::string(name),
+                      .required = required.contains(name),
+                      .default_value = default_of(property),
+                      .values_text = values_text(values_of(property, "enum"))});
+  }
+  return params;
+}
+
+std::vector<ParamSpec> params(const Node& declared) {
+  std::vector<ParamSpec> found;
+  if (const auto params = declared.find("params")) {
+    for (const Node& param : params->elements()) found.push_back(declared_param(param));
+  } else if (const auto schema = declared.find("inputSchema")) {
+    found = schema_params(*schema);
+  }
+  return found;
+}
+
+std::string tier(const Node& declared, const std::vector<std::string>& tiers,
+                 const NameSet& known) {
+  const auto found = declared.find("tier");
+  if (!found) return tiers.front();
+  if (!known.contains(found->string())) {
+    found->refuse("one of the tiers", "\"" + std::string(found->string()) + "\"");
+  }
+  return std::string(found->string());
+}
+
+std::string first_line(std::string_view text) {
+  return std::string(registry_docs::strip(text.substr(0, text.find('\n'))));
+}
+
+ToolSpec tool(const Node& declared) {
+  ToolSpec spec{.name = name_of(declared)};
+  spec.mcp_text = string_of(declared, "description");
+  const auto summary = declared.find("summary");
+  spec.summary = summary ? summary->string() : first_line(spec.mcp_text);
+  spec.action_names = strings_of(declared, "actions");
+  spec.actions = spec.action_names;
+  spec.all_params = params(declared);
+  return spec;
+}
+
+}  // namespace
+
+std::vector<std::string> tiers(const Node& registry) {
+  const auto declared = registry.find("tiers");
+  if (!declared) return {"core"};
+  std::vector<std::string> names;
+  NameSet known;
+  for (const Node& element : declared->elements()) {
+    if (!known.insert(element.string()).second) {
+      element.refuse("distinct tiers", "\"" + std::string(element.string()) + "\" again");
+    }
+    names.emplace_back(element.string());
+  }
+  if (names.empty()) declared->refuse("at least one tier", "none");
+  return names;
+}
+
+std::vector<std::shared_ptr<const ToolSpec>> tools(const Node& registry,
+                                                   const std::vector<std::string>& tiers) {
+  const NameSet known_tiers(tiers.begin(), tiers.end());
+  std::vector<std::shared_ptr<const ToolSpec>> found;
+  NameSet names;
+  for (const Node& declared : registry.at("tools").elements()) {
+    ToolSpec spec = tool(declared);
+    spec.tier = tier(declared, tiers, known_tiers);
+    found.push_back(std::make_shared<const ToolSpec>(std::move(spec)));
+    if (!names.insert(found.back()->name).second) {
+      declared.at("name").refuse("a name that no other tool has",
+                                 "\"" + found.back()->name + "\" again");
+    }
+  }
+  return found;
+}
+
+}  // namespace tesmo_sorvet

@@ -1,0 +1,31 @@
+// Which call answers which need, as the registry file declares it.
+#ifndef TESMO_SORVET_TOOL_ROUTES_H
+#define TESMO_SORVET_TOOL_ROUTES_H
+
+#include <string>
+#include <vector>
+
+#include "registry_docs/host.h"
+#include "tesmo_sorvet/document/node.h"
+
+namespace tesmo_sorvet {
+
+struct Route {
+  std::string need;
+  std::string call;
+  std::string note;   // "{name}" stands for the fact of that name
+  bool rules = true;  // whether the rules table lists it
+};
+
+std::vector<Route> routes(const Node& registry);
+
+// The columns Need and Call of the routes that the rules list. No line feed at the end.
+std::string rules_table(const std::vector<Route>& routes);
+
+// The columns Need, Call and Notes of every route, the facts filled in once: a fact's own
+// text is not searched for facts, and the name of an unknown one stays as written.
+std::string skill_table(const std::vector<Route>& routes, const registry_docs::Facts& facts);
+
+}  // namespace tesmo_sorvet
+
+#endif  // TESMO_SORVET_TOOL_ROUTES_H

@@ -1,0 +1,14 @@
+#include "tesmo_sorvet/workers/api_endpoints.h"
+
+namespace tesmo_sorvet {
+
+std::vector<std::pair<std::string, std::string>> endpoint_frameworks(const Node& registry) {
+  std::vector<std::pair<std::string, std::string>> frameworks;
+  const auto declared = registry.find("endpoint_frameworks");
+  if (!declared) return frameworks;
+  for (const auto& [key, name] : declared->members())
+    frameworks.emplace_back(key, name.string());
+  return frameworks;
+}
+
+}  // namespace tesmo_sorvet

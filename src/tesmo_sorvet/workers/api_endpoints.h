@@ -1,0 +1,18 @@
+// The web frameworks whose API endpoints the host recognises.
+#ifndef TESMO_SORVET_WORKERS_API_ENDPOINTS_H
+#define TESMO_SORVET_WORKERS_API_ENDPOINTS_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tesmo_sorvet/document/node.h"
+
+namespace tesmo_sorvet {
+
+// Key and name of each framework, in the order of the registry file.
+std::vector<std::pair<std::string, std::string>> endpoint_frameworks(const Node& registry);
+
+}  // namespace tesmo_sorvet
+
+#endif  // TESMO_SORVET_WORKERS_API_ENDPOINTS_H
