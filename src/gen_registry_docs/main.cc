@@ -1,6 +1,6 @@
 // gen_registry_docs: makes every list of a tool server's tools from its registry.
-#include <cstdio>
 #include <exception>
+#include <string>
 
 #include "gen_registry_docs/run.h"
 
@@ -9,7 +9,7 @@ int main(int argc, char** argv) {
     const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
     return gen_registry_docs::run(options);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
+    gen_registry_docs::print_error(std::string(error.what()) + "\n");
     return 2;
   }
 }

@@ -63,7 +63,7 @@ void advise(const Options& options) {
       "To bring the blocks up to date, first mend any markers that do not match, then run:\n"
       "  " +
       write_command(options) + "\n";
-  std::fputs(advice.c_str(), stderr);
+  print_error(advice);
 }
 
 int check(const registry_docs::Host& host, const fs::path& root, const Options& options) {
@@ -79,12 +79,16 @@ int write(const registry_docs::Host& host, const fs::path& root) {
     print_lines(registry_docs::write_blocks(host, root));
     return 0;
   } catch (const registry_docs::ValueError& error) {
-    std::fprintf(stderr, "%s\n", error.what());
+    print_error(std::string(error.what()) + "\n");
     return 1;
   }
 }
 
 }  // namespace
+
+void print_error(const std::string& text) {
+  static_cast<void>(std::fputs(text.c_str(), stderr));  // there is nowhere to say it failed
+}
 
 int run(const Options& options) {
   if (options.action == Action::help) return print(help_text), 0;

@@ -37,7 +37,7 @@ std::vector<Value> values_of(const Node& object, std::string_view name) {
   std::vector<Value> values;
   const auto found = object.find(name);
   if (!found) return values;
-  for (const Node& element : found->elements()) values.push_back(element.value());
+  found->for_each_element([&](const Node& element) { values.push_back(element.value()); });
   return values;
 }
 
@@ -50,9 +50,9 @@ ParamSpec declared_param(const Node& declared) {
   ParamSpec param{.name = name_of(declared), .default_value = default_of(declared)};
   if (const auto required = declared.find("required")) param.required = required->boolean();
   if (const auto defaults = declared.find("action_defaults")) {
-    for (const auto& [action, value] : defaults->members()) {
+    defaults->for_each_member([&](std::string_view action, const Node& value) {
       param.action_defaults.emplace_back(action, value.value());
-    }
+    });
   }
   param.applies_to = strings_of(declared, "applies_to");
   param.values_text = values_text(values_of(declared, "values"));
@@ -66,24 +66,26 @@ std::vector<ParamSpec> schema_params(const Node& schema) {
   if (!properties) return params;
   NameSet required;
   if (const auto names = schema.find("required")) {
-    for (const Node& name : names->elements()) required.insert(name.string());
+    names->for_each_element([&](const Node& name) { required.insert(name.string()); });
   }
-  for (const auto& [name, property] : properties->members()) {
+  properties->for_each_member([&](std::string_view name, const Node& property) {
+    if (name.empty()) property.refuse("a name", "an empty string");
     params.push_back({.name = std::string(name),
                       .required = required.contains(name),
                       .default_value = default_of(property),
                       .values_text = values_text(values_of(property, "enum"))});
-  }
+  });
   return params;
 }
 
+// The parameters, and not the schema's, where both are given; each must be in order.
 std::vector<ParamSpec> params(const Node& declared) {
   std::vector<ParamSpec> found;
-  if (const auto params = declared.find("params")) {
-    for (const Node& param : params->elements()) found.push_back(declared_param(param));
-  } else if (const auto schema = declared.find("inputSchema")) {
-    found = schema_params(*schema);
-  }
+  if (const auto schema = declared.find("inputSchema")) found = schema_params(*schema);
+  const auto params = declared.find("params");
+  if (!params) return found;
+  found.clear();
+  params->for_each_element([&](const Node& param) { found.push_back(declared_param(param)); });
   return found;
 }
 
@@ -119,12 +121,12 @@ std::vector<std::string> tiers(const Node& registry) {
   if (!declared) return {"core"};
   std::vector<std::string> names;
   NameSet known;
-  for (const Node& element : declared->elements()) {
+  declared->for_each_element([&](const Node& element) {
     if (!known.insert(element.string()).second) {
       element.refuse("distinct tiers", "\"" + std::string(element.string()) + "\" again");
     }
     names.emplace_back(element.string());
-  }
+  });
   if (names.empty()) declared->refuse("at least one tier", "none");
   return names;
 }
@@ -134,7 +136,7 @@ std::vector<std::shared_ptr<const ToolSpec>> tools(const Node& registry,
   const NameSet known_tiers(tiers.begin(), tiers.end());
   std::vector<std::shared_ptr<const ToolSpec>> found;
   NameSet names;
-  for (const Node& declared : registry.at("tools").elements()) {
+  registry.at("tools").for_each_element([&](const Node& declared) {
     ToolSpec spec = tool(declared);
     spec.tier = tier(declared, tiers, known_tiers);
     found.push_back(std::make_shared<const ToolSpec>(std::move(spec)));
@@ -142,7 +144,7 @@ std::vector<std::shared_ptr<const ToolSpec>> tools(const Node& registry,
       declared.at("name").refuse("a name that no other tool has",
                                  "\"" + found.back()->name + "\" again");
     }
-  }
+  });
   return found;
 }
 

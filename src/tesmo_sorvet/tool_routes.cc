@@ -43,13 +43,13 @@ std::vector<Route> routes(const Node& registry) {
   std::vector<Route> found;
   const auto declared = registry.find("routes");
   if (!declared) return found;
-  for (const Node& route : declared->elements()) {
+  declared->for_each_element([&](const Node& route) {
     const auto rules = route.find("rules");
     found.push_back({.need = std::string(route.at("need").string()),
                      .call = std::string(route.at("call").string()),
                      .note = string_of(route, "note"),
                      .rules = !rules || rules->boolean()});
-  }
+  });
   return found;
 }
 

@@ -45,11 +45,11 @@ PropertySchema param_property(const Node& param) {
 
 // A name that two parameters have is one property: the tool is then refused for naming
 // different parameters.
-InputSchema made_from(const std::vector<Node>& params) {
+InputSchema made_from(const Node& params) {
   std::vector<PropertySchema> properties;
   std::vector<std::string> required;
   std::unordered_map<std::string, std::size_t> places;
-  for (const Node& param : params) {
+  params.for_each_element([&](const Node& param) {
     PropertySchema schema = param_property(param);
     const auto is_required = param.find("required");
     if (is_required && is_required->boolean()) required.push_back(schema.name);
@@ -59,7 +59,7 @@ InputSchema made_from(const std::vector<Node>& params) {
     } else {
       properties[place->second] = std::move(schema);
     }
-  }
+  });
   return {.properties = std::move(properties), .required = std::move(required)};
 }
 
@@ -67,27 +67,29 @@ InputSchema as_given(const Node& schema) {
   InputSchema given;
   if (const auto properties = schema.find("properties")) {
     given.properties.emplace();
-    for (const auto& [name, declared] : properties->members()) {
+    properties->for_each_member([&](std::string_view name, const Node& declared) {
       given.properties->push_back(property(std::string(name), declared));
-    }
+    });
   }
   if (const auto required = schema.find("required")) given.required = required->strings();
   return given;
 }
 
+// The schema that is given, and not the parameters', where both are; each must be in order.
 InputSchema schema_of(const Node& tool) {
-  if (const auto schema = tool.find("inputSchema")) return as_given(*schema);
-  const auto params = tool.find("params");
-  return made_from(params ? params->elements() : std::vector<Node>());
+  InputSchema made{.properties = std::vector<PropertySchema>(),
+                   .required = std::vector<std::string>()};
+  if (const auto params = tool.find("params")) made = made_from(*params);
+  const auto schema = tool.find("inputSchema");
+  return schema ? as_given(*schema) : made;
 }
 
 }  // namespace
 
 Schemas schemas(const Node& registry) {
   Schemas found;
-  for (const Node& tool : registry.at("tools").elements()) {
-    found.emplace(name_of(tool), schema_of(tool));
-  }
+  registry.at("tools").for_each_element(
+      [&](const Node& tool) { found.emplace(name_of(tool), schema_of(tool)); });
   return found;
 }
 

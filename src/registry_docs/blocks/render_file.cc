@@ -19,8 +19,7 @@ Names sorted(Names names) {
 
 // Each name of `names`, which is sorted, once.
 Names distinct(Names names) {
-  const auto repeats = std::ranges::unique(names);
-  names.erase(repeats.begin(), repeats.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
   return names;
 }
 

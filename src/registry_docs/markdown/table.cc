@@ -1,10 +1,20 @@
 #include "registry_docs/markdown.h"
-#include "registry_docs/text/join.h"
 
 namespace registry_docs::markdown {
 
 std::string row(std::span<const std::string> cells) {
-  return "| " + text::join(cells, " | ") + " |";
+  if (cells.empty()) return "|  |";
+  std::size_t size = 1;
+  for (const std::string& cell : cells) size += cell.size() + 3;
+  std::string line;
+  line.reserve(size);
+  line += '|';
+  for (const std::string& cell : cells) {
+    line += ' ';
+    line += cell;
+    line += " |";
+  }
+  return line;
 }
 
 std::vector<std::string> table(const std::vector<std::string>& header,

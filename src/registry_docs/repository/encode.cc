@@ -1,25 +1,32 @@
 #include "registry_docs/repository/encode.h"
 
-#include <string_view>
+#include <utility>
 
 namespace registry_docs::repository {
 namespace {
 
-std::string with_doubled(std::string block, std::string_view doubled) {
-  if (block.find_first_of(doubled) == std::string::npos) return block;
+// The text with each character doubled for which `is_doubled` holds.
+template <typename Predicate>
+std::string with_doubled(std::string block, Predicate is_doubled) {
   std::string result;
-  result.reserve(block.size() + block.size() / 8);
-  for (const char c : block) {
-    if (doubled.find(c) != std::string_view::npos) result += c;
-    result += c;
+  std::size_t copied = 0;
+  for (std::size_t at = 0; at < block.size(); ++at) {
+    if (!is_doubled(block[at])) continue;
+    result.append(block, copied, at + 1 - copied);
+    copied = at;
   }
-  return result;
+  return copied == 0 && result.empty() ? block : result.append(block, copied);
 }
 
 }  // namespace
 
-std::string literal_text(std::string block) { return with_doubled(std::move(block), "\\"); }
+std::string literal_text(std::string block) {
+  return with_doubled(std::move(block), [](char c) { return c == '\\'; });
+}
 
-std::string skill_text(std::string block) { return with_doubled(std::move(block), "\\{}"); }
+std::string skill_text(std::string block) {
+  return with_doubled(std::move(block),
+                      [](char c) { return c == '\\' || c == '{' || c == '}'; });
+}
 
 }  // namespace registry_docs::repository

@@ -7,6 +7,7 @@ namespace registry_docs {
 std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root) {
   const std::vector<GeneratedFile> files = generated_files(host);
   std::vector<std::string> rendered;
+  rendered.reserve(files.size());
   for (const GeneratedFile& generated : files) {
     rendered.push_back(render_file(read_text(root / generated.path), generated));
   }

@@ -2,6 +2,7 @@
 #ifndef REGISTRY_DOCS_TEXT_JOIN_H
 #define REGISTRY_DOCS_TEXT_JOIN_H
 
+#include <concepts>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,11 @@ namespace registry_docs::text {
 template <typename Items, typename Piece = std::identity>
 std::string join(const Items& items, std::string_view separator, Piece piece = {}) {
   std::string joined;
+  if constexpr (std::same_as<Piece, std::identity>) {
+    std::size_t size = 0;
+    for (const std::string_view item : items) size += item.size() + separator.size();
+    joined.reserve(size);
+  }
   bool first = true;
   for (const auto& item : items) {
     if (!first) joined += separator;

@@ -29,6 +29,7 @@ class Document {
   Document(std::string name, std::string_view json);
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
+  ~Document() = default;
 
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] const Token& root() const { return tokens_.front(); }

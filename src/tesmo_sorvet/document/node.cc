@@ -50,27 +50,9 @@ bool Node::boolean() const {
   return token_->text == "true";
 }
 
-std::vector<Node> Node::elements() const {
-  require(Kind::array);
-  std::vector<Node> found;
-  for (const Token* at = token_ + 1; at != end(); at += at->span) {
-    found.push_back(Node(*document_, *at));
-  }
-  return found;
-}
-
 std::vector<std::string> Node::strings() const {
   std::vector<std::string> found;
-  for (const Node& element : elements()) found.emplace_back(element.string());
-  return found;
-}
-
-std::vector<std::pair<std::string_view, Node>> Node::members() const {
-  require(Kind::object);
-  std::vector<std::pair<std::string_view, Node>> found;
-  for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span) {
-    found.emplace_back(name->text, Node(*document_, *(name + 1)));
-  }
+  for_each_element([&](const Node& element) { found.emplace_back(element.string()); });
   return found;
 }
 

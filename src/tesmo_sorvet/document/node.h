@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "registry_docs/value.h"
@@ -24,9 +23,24 @@ class Node {
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
   [[nodiscard]] bool boolean() const;
-  [[nodiscard]] std::vector<Node> elements() const;
   [[nodiscard]] std::vector<std::string> strings() const;
-  [[nodiscard]] std::vector<std::pair<std::string_view, Node>> members() const;
+
+  // Calls `visit` with each element of an array, or with the name and the value of each
+  // member of an object, in order. Refuses a value of another kind.
+  template <typename Visit>
+  void for_each_element(Visit visit) const {
+    require(Kind::array);
+    for (const Token* at = token_ + 1; at != end(); at += at->span) {
+      visit(Node(*document_, *at));
+    }
+  }
+  template <typename Visit>
+  void for_each_member(Visit visit) const {
+    require(Kind::object);
+    for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span) {
+      visit(name->text, Node(*document_, *(name + 1)));
+    }
+  }
 
   // The member of that name of an object, and of one that must have it.
   [[nodiscard]] std::optional<Node> find(std::string_view name) const;

@@ -1,4 +1,4 @@
-#include <array>
+#include <utility>
 
 #include "registry_docs/markdown.h"
 #include "tesmo_sorvet/document/node.h"
@@ -61,7 +61,7 @@ registry_docs::Value Node::value() const {
       return token_->text;
     case Kind::array: {
       registry_docs::Value::List items;
-      for (const Node& element : elements()) items.push_back(element.value());
+      for_each_element([&](const Node& element) { items.push_back(element.value()); });
       return items;
     }
     case Kind::object:
@@ -78,19 +78,19 @@ void Node::append_json(std::string& json) const {
     append_json_string(json, token_->text);
   } else if (kind() == Kind::array) {
     json += '[';
-    for (const Node& element : elements()) {
+    for_each_element([&](const Node& element) {
       json += std::exchange(separator, ",");
       element.append_json(json);
-    }
+    });
     json += ']';
   } else if (kind() == Kind::object) {
     json += '{';
-    for (const auto& [name, member] : members()) {
+    for_each_member([&](std::string_view name, const Node& member) {
       json += std::exchange(separator, ",");
       append_json_string(json, name);
       json += ':';
       member.append_json(json);
-    }
+    });
     json += '}';
   } else {
     json += kind() == Kind::null ? "null" : registry_docs::markdown::value(value());

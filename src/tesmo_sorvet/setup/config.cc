@@ -30,7 +30,7 @@ bool read_assignment(Source& source) {
   if (!ahead.rest().starts_with(constant)) return false;
   ahead.skip(constant.size());
   skip_blanks(ahead);
-  if (ahead.peek() == ':') {
+  if (ahead.peek() == ':' && !ahead.rest().starts_with(":=")) {
     while (ahead.peek() != '=' && ahead.peek() != '\n' && !ahead.at_end()) ahead.skip(1);
   }
   if (!ahead.rest().starts_with('=') || ahead.rest().starts_with("==")) return false;

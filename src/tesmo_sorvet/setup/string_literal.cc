@@ -134,6 +134,7 @@ std::string read_string_literal(Source& source) {
   read_prefix(source);
   const Source start = source;
   const std::string_view quote = read_quote(source);
+  const std::string_view ends_a_run = quote[0] == '"' ? "\"\\\n" : "'\\\n";
   std::string value;
   while (!source.rest().starts_with(quote)) {
     if (source.at_end() || (source.peek() == '\n' && quote.size() == 1)) {
@@ -143,8 +144,10 @@ std::string read_string_literal(Source& source) {
       source.skip(1);
       read_escape(source, value);
     } else {
-      value += source.peek();
-      source.skip(1);
+      const std::string_view run =
+          source.rest().substr(0, source.rest().find_first_of(ends_a_run, 1));
+      value += run;
+      source.skip(run.size());
     }
   }
   source.skip(quote.size());

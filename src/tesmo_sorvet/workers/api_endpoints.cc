@@ -6,8 +6,9 @@ std::vector<std::pair<std::string, std::string>> endpoint_frameworks(const Node&
   std::vector<std::pair<std::string, std::string>> frameworks;
   const auto declared = registry.find("endpoint_frameworks");
   if (!declared) return frameworks;
-  for (const auto& [key, name] : declared->members())
+  declared->for_each_member([&](std::string_view key, const Node& name) {
     frameworks.emplace_back(key, name.string());
+  });
   return frameworks;
 }
 
