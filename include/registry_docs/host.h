@@ -82,8 +82,9 @@ struct Host {
   // files made before a change to this list keeps the tools it was made from.
   std::vector<std::shared_ptr<const ToolSpec>> TOOLS = {};
 
-  // The input schema of the tool of this name.
-  std::function<InputSchema(std::string_view name)> get_cli_schema = {};
+  // The input schema of the tool of this name; never null. Shared, so that a host need not
+  // copy what it keeps.
+  std::function<std::shared_ptr<const InputSchema>(std::string_view name)> get_cli_schema = {};
 
   // The form that the command line uses for a tool's or a parameter's name.
   std::function<std::string(std::string_view name)> snake_to_kebab = {};

@@ -1,12 +1,12 @@
 // The pieces of Markdown that the generator's tables are written with, for hosts whose
-// own tables stand beside them. None adds a line end.
+// own tables stand beside them.
 #ifndef REGISTRY_DOCS_MARKDOWN_H
 #define REGISTRY_DOCS_MARKDOWN_H
 
-#include <span>
+#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include "registry_docs/value.h"
 
@@ -19,17 +19,37 @@ std::string code(std::string_view text);
 // it inside, line ends included, made one blank; each "|" written "\|".
 std::string cell(std::string_view text);
 
-// One table row. The cells are used as they are.
-std::string row(std::span<const std::string> cells);
-
-// The lines of a table: header row, rule row, then one line per row.
-std::vector<std::string> table(const std::vector<std::string>& header,
-                               std::span<const std::vector<std::string>> rows);
-
 // A value as a reader writes it: booleans as in JSON, the items of a list joined with
 // ", ", a floating-point number in the shortest form that reads back the same and with a
 // fraction or an exponent, null as "None".
 std::string value(const Value& value);
+
+// A table, written cell by cell from left to right and from top to bottom:
+//
+//     Table table({"Tool", "Purpose"});
+//     table.row().code(tool.name).cell(tool.summary);
+//
+// Rows are not compared with the header: each has the cells that it is given.
+class Table {
+ public:
+  // The header row, and the rule row with one "---" for each title.
+  explicit Table(std::initializer_list<std::string_view> header);
+
+  // Begins a row; the cells that follow are its own.
+  Table& row();
+
+  // One cell: the text as it is, as a code span, or made safe.
+  Table& plain(std::string_view text);
+  Table& code(std::string_view text);
+  Table& cell(std::string_view text);
+
+  // The lines so far, a line feed between every two and none at the end.
+  [[nodiscard]] const std::string& text() const& { return text_; }
+  [[nodiscard]] std::string text() && { return std::move(text_); }
+
+ private:
+  std::string text_;
+};
 
 }  // namespace registry_docs::markdown
 

@@ -85,6 +85,7 @@ std::vector<ParamSpec> params(const Node& declared) {
   const auto params = declared.find("params");
   if (!params) return found;
   found.clear();
+  found.reserve(params->size());
   params->for_each_element([&](const Node& param) { found.push_back(declared_param(param)); });
   return found;
 }

@@ -1,5 +1,7 @@
 #include "tesmo_sorvet/tool_routes.h"
 
+#include <utility>
+
 #include "registry_docs/markdown.h"
 #include "tesmo_sorvet/names.h"
 
@@ -7,7 +9,6 @@ namespace tesmo_sorvet {
 namespace {
 
 namespace markdown = registry_docs::markdown;
-using Rows = std::vector<std::vector<std::string>>;
 
 std::string filled_in(std::string_view note, const registry_docs::Facts& facts) {
   std::string text;
@@ -29,14 +30,6 @@ std::string filled_in(std::string_view note, const registry_docs::Facts& facts) 
   }
 }
 
-std::string joined_table(const std::vector<std::string>& header, const Rows& rows) {
-  std::string text;
-  for (const std::string& line : markdown::table(header, rows)) {
-    text += (text.empty() ? "" : "\n") + line;
-  }
-  return text;
-}
-
 }  // namespace
 
 std::vector<Route> routes(const Node& registry) {
@@ -54,20 +47,19 @@ std::vector<Route> routes(const Node& registry) {
 }
 
 std::string rules_table(const std::vector<Route>& routes) {
-  Rows rows;
+  markdown::Table table({"Need", "Call"});
   for (const Route& route : routes) {
-    if (route.rules) rows.push_back({markdown::cell(route.need), markdown::code(route.call)});
+    if (route.rules) table.row().cell(route.need).code(route.call);
   }
-  return joined_table({"Need", "Call"}, rows);
+  return std::move(table).text();
 }
 
 std::string skill_table(const std::vector<Route>& routes, const registry_docs::Facts& facts) {
-  Rows rows;
+  markdown::Table table({"Need", "Call", "Notes"});
   for (const Route& route : routes) {
-    rows.push_back({markdown::cell(route.need), markdown::code(route.call),
-                    markdown::cell(filled_in(route.note, facts))});
+    table.row().cell(route.need).code(route.call).cell(filled_in(route.note, facts));
   }
-  return joined_table({"Need", "Call", "Notes"}, rows);
+  return std::move(table).text();
 }
 
 }  // namespace tesmo_sorvet

@@ -47,13 +47,15 @@ PropertySchema param_property(const Node& param) {
 // different parameters.
 InputSchema made_from(const Node& params) {
   std::vector<PropertySchema> properties;
+  properties.reserve(params.size());
   std::vector<std::string> required;
-  std::unordered_map<std::string, std::size_t> places;
+  std::unordered_map<std::string_view, std::size_t> places;
   params.for_each_element([&](const Node& param) {
     PropertySchema schema = param_property(param);
     const auto is_required = param.find("required");
     if (is_required && is_required->boolean()) required.push_back(schema.name);
-    const auto [place, is_new] = places.try_emplace(schema.name, properties.size());
+    const auto [place, is_new] =
+        places.try_emplace(param.at("name").string(), properties.size());
     if (is_new) {
       properties.push_back(std::move(schema));
     } else {
@@ -88,8 +90,9 @@ InputSchema schema_of(const Node& tool) {
 
 Schemas schemas(const Node& registry) {
   Schemas found;
-  registry.at("tools").for_each_element(
-      [&](const Node& tool) { found.emplace(name_of(tool), schema_of(tool)); });
+  registry.at("tools").for_each_element([&](const Node& tool) {
+    found.emplace(name_of(tool), std::make_shared<const InputSchema>(schema_of(tool)));
+  });
   return found;
 }
 

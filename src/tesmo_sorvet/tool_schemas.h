@@ -2,6 +2,7 @@
 #ifndef TESMO_SORVET_TOOL_SCHEMAS_H
 #define TESMO_SORVET_TOOL_SCHEMAS_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,7 +12,8 @@
 
 namespace tesmo_sorvet {
 
-using Schemas = std::unordered_map<std::string, registry_docs::InputSchema>;
+using Schemas =
+    std::unordered_map<std::string, std::shared_ptr<const registry_docs::InputSchema>>;
 
 // The input schema of every tool, by the tool's name: the one that the registry gives, as
 // given, or else the one that its parameters make.

@@ -1,13 +1,17 @@
 #include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 
 namespace registry_docs::markdown {
 
+void append_code(std::string& to, std::string_view text) {
+  to += '`';
+  to += text;
+  to += '`';
+}
+
 std::string code(std::string_view text) {
   std::string span;
-  span.reserve(text.size() + 2);
-  span += '`';
-  span += text;
-  span += '`';
+  append_code(span, text);
   return span;
 }
 

@@ -1,30 +1,39 @@
 #include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 
 namespace registry_docs::markdown {
 
-std::string row(std::span<const std::string> cells) {
-  if (cells.empty()) return "|  |";
-  std::size_t size = 1;
-  for (const std::string& cell : cells) size += cell.size() + 3;
-  std::string line;
-  line.reserve(size);
-  line += '|';
-  for (const std::string& cell : cells) {
-    line += ' ';
-    line += cell;
-    line += " |";
-  }
-  return line;
+Table::Table(std::initializer_list<std::string_view> header) {
+  text_ += '|';
+  for (const std::string_view title : header) plain(title);
+  row();
+  for (std::size_t i = 0; i < header.size(); ++i) plain("---");
 }
 
-std::vector<std::string> table(const std::vector<std::string>& header,
-                               std::span<const std::vector<std::string>> rows) {
-  std::vector<std::string> lines;
-  lines.reserve(rows.size() + 2);
-  lines.push_back(row(header));
-  lines.push_back(row(std::vector<std::string>(header.size(), "---")));
-  for (const std::vector<std::string>& cells : rows) lines.push_back(row(cells));
-  return lines;
+Table& Table::row() {
+  text_ += "\n|";
+  return *this;
+}
+
+Table& Table::plain(std::string_view text) {
+  text_ += ' ';
+  text_ += text;
+  text_ += " |";
+  return *this;
+}
+
+Table& Table::code(std::string_view text) {
+  text_ += ' ';
+  append_code(text_, text);
+  text_ += " |";
+  return *this;
+}
+
+Table& Table::cell(std::string_view text) {
+  text_ += ' ';
+  append_cell(text_, text);
+  text_ += " |";
+  return *this;
 }
 
 }  // namespace registry_docs::markdown

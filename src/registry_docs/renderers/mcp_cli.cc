@@ -1,20 +1,19 @@
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
-#include "registry_docs/text/join.h"
 
 namespace registry_docs {
 
 std::string mcp_cli_block(const Host& host) {
-  std::vector<std::vector<std::string>> rows;
+  markdown::Table table({"Tool", "CLI usage"});
   for (const auto& tool : ordered_tools(host)) {
-    rows.push_back({markdown::code(tool->name), markdown::code(cli_usage(host, *tool))});
+    table.row().code(tool->name).code(cli_usage(host, *tool));
   }
   return "Every parameter is an option of the same name in kebab-case (`token_budget` is "
          "`--token-budget`), an array is a comma-separated list, and a boolean is `--flag` "
          "or `--flag true|false`. `tesmo-sorvet query <tool> --help` prints a tool's "
          "options with their full texts and `tesmo-sorvet query --schema` prints them all "
          "as JSON Schema.\n\n" +
-         text::join(markdown::table({"Tool", "CLI usage"}, rows), "\n");
+         table.text();
 }
 
 }  // namespace registry_docs

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
@@ -16,20 +18,22 @@ std::string tier_line(const std::string& tier, const renderers::Tools& tools) {
 }  // namespace
 
 std::string mcp_overview_block(const Host& host) {
-  std::vector<std::vector<std::string>> rows;
+  markdown::Table table({"#", "Tool", "Actions", "Tier", "Purpose"});
+  std::size_t number = 0;
   for (const auto& tool : ordered_tools(host)) {
-    rows.push_back({std::to_string(rows.size() + 1), markdown::code(tool->name),
-                    renderers::actions_cell(*tool, renderers::NONE),
-                    text::capitalised(tool->tier), markdown::cell(tool->summary)});
+    table.row()
+        .plain(std::to_string(++number))
+        .code(tool->name)
+        .plain(renderers::actions_cell(*tool, renderers::NONE))
+        .plain(text::capitalised(tool->tier))
+        .cell(tool->summary);
   }
-  std::vector<std::string> lines =
-      markdown::table({"#", "Tool", "Actions", "Tier", "Purpose"}, rows);
-  lines.insert(lines.end(), {"", "**Tiers:**", ""});
+  std::string block = std::move(table).text() + "\n\n**Tiers:**\n";
   const std::vector<renderers::Tools> tiers = renderers::tier_tools(host);
   for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
-    lines.push_back(tier_line(host.TIERS[rank], tiers[rank]));
+    block += "\n" + tier_line(host.TIERS[rank], tiers[rank]);
   }
-  return text::join(lines, "\n");
+  return block;
 }
 
 }  // namespace registry_docs

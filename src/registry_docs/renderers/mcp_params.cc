@@ -10,12 +10,16 @@
 namespace registry_docs {
 namespace {
 
-// What a schema must hold under `key`; `where` begins the message when it does not.
 template <typename T>
-const T& required_key(const std::optional<T>& held, const std::string& where,
-                      const char* key) {
-  if (!held) throw MissingKeyError(where, key);
+const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const char* key) {
+  if (!held) throw MissingKeyError(tool.name, key);
   return *held;
+}
+
+const std::string& required_type(const std::optional<std::string>& type, const ToolSpec& tool,
+                                 const PropertySchema& property) {
+  if (!type) throw MissingKeyError(tool.name + ": the schema of " + property.name, "type");
+  return *type;
 }
 
 void require_same_parameters(const ToolSpec& tool,
@@ -40,14 +44,16 @@ std::string default_cell(const ParamSpec& param) {
 }
 
 std::string type_cell(const ToolSpec& tool, const PropertySchema& property) {
-  const std::string where = tool.name + ": the schema of " + property.name;
-  const std::string& type = required_key(property.type, where, "type");
+  const std::string& type = required_type(property.type, tool, property);
   if (type != "array" || !property.items) return type;
-  return required_key(property.items->type, where + ": its items", "type") + "[]";
+  return required_type(property.items->type, tool, property) + "[]";
 }
 
 std::string sentence(std::string_view description) {
-  std::string text(strip(description));
+  description = strip(description);
+  std::string text;
+  text.reserve(description.size() + 1);
+  text += description;
   if (!text.empty() && text.back() != '.') text += '.';
   return text;
 }
@@ -61,56 +67,63 @@ std::string bounds(const PropertySchema& property) {
   return "Range: " + markdown::value(low) + "-" + markdown::value(high) + ".";
 }
 
+void append_part(std::string& text, const std::string& part) {
+  if (!text.empty() && !part.empty()) text += ' ';
+  text += part;
+}
+
+// What the Description cell holds before it is made safe.
 std::string description_cell(const ParamSpec& param, const PropertySchema& property) {
-  std::vector<std::string> parts = {sentence(property.description)};
-  parts.push_back(param.values_text ? param.values_text(markdown::code) : "");
-  parts.push_back(bounds(property));
-  std::erase(parts, "");
-  return markdown::cell(text::join(parts, " "));
+  std::string text = sentence(property.description);
+  if (param.values_text) append_part(text, param.values_text(markdown::code));
+  append_part(text, bounds(property));
+  return text;
+}
+
+// A tool without actions has no Actions column.
+markdown::Table params_table(const ToolSpec& tool) {
+  if (tool.actions.empty()) {
+    return markdown::Table({"Parameter", "CLI", "Type", "Required", "Default", "Description"});
+  }
+  return markdown::Table(
+      {"Parameter", "CLI", "Type", "Required", "Default", "Actions", "Description"});
 }
 
 using RequiredNames = std::unordered_set<std::string_view>;
 
-std::vector<std::string> params_row(const Host& host, const ToolSpec& tool,
-                                    const ParamSpec& param, const PropertySchema& property,
-                                    const RequiredNames& required) {
-  std::vector<std::string> row = {
-      markdown::code(param.name), markdown::code("--" + host.snake_to_kebab(param.name)),
-      type_cell(tool, property), required.contains(param.name) ? "Yes" : "No",
-      markdown::cell(default_cell(param))};
+void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
+             const ParamSpec& param, const PropertySchema& property,
+             const RequiredNames& required) {
+  table.row()
+      .code(param.name)
+      .code("--" + host.snake_to_kebab(param.name))
+      .plain(type_cell(tool, property))
+      .plain(required.contains(param.name) ? "Yes" : "No")
+      .cell(default_cell(param));
   if (!tool.actions.empty()) {
-    row.push_back(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
+    table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
   }
-  row.push_back(description_cell(param, property));
-  return row;
-}
-
-std::vector<std::string> params_header(const ToolSpec& tool) {
-  std::vector<std::string> header = {"Parameter", "CLI", "Type", "Required", "Default"};
-  if (!tool.actions.empty()) header.emplace_back("Actions");
-  header.emplace_back("Description");
-  return header;
+  table.cell(description_cell(param, property));
 }
 
 }  // namespace
 
 std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
-  const InputSchema schema = host.get_cli_schema(tool.name);
-  const auto& properties = required_key(schema.properties, tool.name, "properties");
+  const std::shared_ptr<const InputSchema> schema = host.get_cli_schema(tool.name);
+  const auto& properties = required_key(schema->properties, tool, "properties");
   require_same_parameters(tool, properties);
-  const auto& required_names = required_key(schema.required, tool.name, "required");
+  const auto& required_names = required_key(schema->required, tool, "required");
   const RequiredNames required(required_names.begin(), required_names.end());
 
-  std::vector<std::vector<std::string>> rows;
+  markdown::Table table = params_table(tool);
   for (std::size_t i = 0; i < properties.size(); ++i) {
-    rows.push_back(params_row(host, tool, tool.all_params[i], properties[i], required));
+    add_row(table, host, tool, tool.all_params[i], properties[i], required);
   }
   std::string block;
   if (!tool.actions.empty()) {
     block = "**Actions:** " + text::join(tool.action_names, " | ", markdown::code) + "\n\n";
   }
-  return block + "#### Parameters\n\n" +
-         text::join(markdown::table(params_header(tool), rows), "\n");
+  return block + "#### Parameters\n\n" + table.text();
 }
 
 }  // namespace registry_docs

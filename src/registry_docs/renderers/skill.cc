@@ -6,14 +6,15 @@
 namespace registry_docs {
 
 std::string skill_tools_block(const Host& host) {
-  std::vector<std::vector<std::string>> rows;
+  markdown::Table table({"Tool", "Actions", "Use for"});
   for (const auto& tool : ordered_tools(host)) {
-    rows.push_back({markdown::code(tool->name), renderers::actions_cell(*tool, "*(one call)*"),
-                    markdown::cell(tool->mcp_text)});
+    table.row()
+        .code(tool->name)
+        .plain(renderers::actions_cell(*tool, "*(one call)*"))
+        .cell(tool->mcp_text);
   }
   return "## Tool reference (" + std::to_string(host.TOOLS.size()) +
-         " tools; MCP name = CLI `tesmo-sorvet query <tool>`)\n\n" +
-         text::join(markdown::table({"Tool", "Actions", "Use for"}, rows), "\n");
+         " tools; MCP name = CLI `tesmo-sorvet query <tool>`)\n\n" + table.text();
 }
 
 std::string skill_routes_block(const Host& host) {

@@ -1,32 +1,30 @@
 #include "registry_docs/repository/encode.h"
 
+#include <string_view>
 #include <utility>
 
 namespace registry_docs::repository {
 namespace {
 
-// The text with each character doubled for which `is_doubled` holds.
-template <typename Predicate>
-std::string with_doubled(std::string block, Predicate is_doubled) {
+// The text with every `character` in it written twice.
+std::string doubled(std::string_view text, char character) {
   std::string result;
-  std::size_t copied = 0;
-  for (std::size_t at = 0; at < block.size(); ++at) {
-    if (!is_doubled(block[at])) continue;
-    result.append(block, copied, at + 1 - copied);
-    copied = at;
+  result.reserve(text.size() + text.size() / 16);
+  for (std::size_t at = text.find(character); at != std::string_view::npos;
+       at = text.find(character)) {
+    result += text.substr(0, at + 1);
+    result += character;
+    text.remove_prefix(at + 1);
   }
-  return copied == 0 && result.empty() ? block : result.append(block, copied);
+  return result += text;
 }
 
 }  // namespace
 
-std::string literal_text(std::string block) {
-  return with_doubled(std::move(block), [](char c) { return c == '\\'; });
-}
+std::string literal_text(std::string block) { return doubled(block, '\\'); }
 
 std::string skill_text(std::string block) {
-  return with_doubled(std::move(block),
-                      [](char c) { return c == '\\' || c == '{' || c == '}'; });
+  return doubled(doubled(literal_text(std::move(block)), '{'), '}');
 }
 
 }  // namespace registry_docs::repository

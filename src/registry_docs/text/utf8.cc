@@ -13,9 +13,10 @@ namespace {
 // The offset of the first byte at or after `from` that is not ASCII, or the size.
 std::size_t skip_ascii(std::string_view bytes, std::size_t from) {
   constexpr std::uint64_t high_bits = 0x8080808080808080U;
-  for (std::uint64_t word = 0; from + sizeof word <= bytes.size(); from += sizeof word) {
-    std::memcpy(&word, bytes.data() + from, sizeof word);
-    if ((word & high_bits) != 0) break;
+  std::array<std::uint64_t, 2> words{};
+  for (; from + sizeof words <= bytes.size(); from += sizeof words) {
+    std::memcpy(words.data(), bytes.data() + from, sizeof words);
+    if (((words[0] | words[1]) & high_bits) != 0) break;
   }
   while (from < bytes.size() && static_cast<unsigned char>(bytes[from]) < 0x80) ++from;
   return from;

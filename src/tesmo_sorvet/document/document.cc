@@ -13,9 +13,13 @@
 namespace tesmo_sorvet {
 namespace {
 
-// In place and without recursion; numbers as they are spelled, so that none is rounded.
-constexpr unsigned parse_flags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag |
-                                 rapidjson::kParseNumbersAsStringsFlag;
+// In place, and numbers as they are spelled, so that none is rounded. The parser recurses,
+// but no deeper than the events let it.
+constexpr unsigned parse_flags =
+    rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
+
+// What a value takes up in a registry, about.
+constexpr std::size_t bytes_per_token = 16;
 
 bool continues_a_code_point(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
@@ -97,7 +101,8 @@ Document::Document(std::string name, std::string_view json)
     throw RegistryError(name_ + ": expected at most 4 GiB, found more");
   }
   rapidjson::InsituStringStream stream(buffer_.data());
-  Events events(stream, tokens_);
+  tokens_.reserve(json.size() / bytes_per_token);
+  Events events(stream, json, tokens_);
   const auto result = rapidjson::Reader().Parse<parse_flags>(stream, events);
   if (const auto refusal = refusal_of(result, events, json, stream.Tell())) {
     throw RegistryError(position(name_, json, refusal->offset) + ": " + refusal->message);

@@ -39,7 +39,7 @@ bool Events::RawNumber(const char* text, rapidjson::SizeType size, bool) {
 
 bool Events::String(const char* text, rapidjson::SizeType size, bool) {
   const std::string_view decoded(text, size);
-  if (registry_docs::find_ill_formed(decoded)) {
+  if (has_escapes_ && registry_docs::find_ill_formed(decoded)) {
     return refuse(offset_of(decoded), "expected a pair of surrogates, found one alone");
   }
   tokens_.push_back({.kind = Kind::string, .span = 1, .text = decoded});
@@ -76,7 +76,9 @@ bool Events::require_distinct_names(std::size_t object) {
   for (std::size_t at = object + 1; at < tokens_.size(); at += 1 + tokens_[at + 1].span) {
     names_.push_back(tokens_[at].text);
   }
-  std::ranges::sort(names_);
+  std::ranges::sort(names_, [](std::string_view left, std::string_view right) {
+    return left.size() != right.size() ? left.size() < right.size() : left < right;
+  });
   const auto repeated = std::ranges::adjacent_find(names_);
   if (repeated == names_.end()) return true;
   const std::size_t later = std::max(offset_of(repeated[0]), offset_of(repeated[1]));

@@ -23,9 +23,10 @@ struct Refusal {
 // numbers that it is given lie in the parsed buffer, where they began.
 class Events : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Events> {
  public:
-  // `stream` is the one that the parser reads; both must outlive this.
-  Events(rapidjson::InsituStringStream& stream, std::vector<Token>& tokens)
-      : stream_(stream), tokens_(tokens) {}
+  // `stream` is the one that the parser reads of `json`; all must outlive this.
+  Events(rapidjson::InsituStringStream& stream, std::string_view json,
+         std::vector<Token>& tokens)
+      : stream_(stream), tokens_(tokens), has_escapes_(json.find("\\u") != json.npos) {}
 
   // Set once an event was refused, which stops the parser.
   [[nodiscard]] const std::optional<Refusal>& refusal() const { return refusal_; }
@@ -49,6 +50,7 @@ class Events : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Events> {
 
   rapidjson::InsituStringStream& stream_;
   std::vector<Token>& tokens_;
+  bool has_escapes_;                     // of code points, the only way to a lone surrogate
   std::vector<std::size_t> open_;        // the arrays and objects around what comes next
   std::vector<std::string_view> names_;  // room for the names of one object
   std::optional<Refusal> refusal_;

@@ -56,6 +56,12 @@ std::vector<std::string> Node::strings() const {
   return found;
 }
 
+std::size_t Node::size() const {
+  std::size_t count = 0;
+  for_each_element([&](const Node&) { ++count; });
+  return count;
+}
+
 std::optional<Node> Node::find(std::string_view name) const {
   require(Kind::object);
   for (const Token* at = token_ + 1; at != end(); at += 1 + (at + 1)->span) {

@@ -24,6 +24,7 @@ class Node {
   [[nodiscard]] std::string_view string() const;
   [[nodiscard]] bool boolean() const;
   [[nodiscard]] std::vector<std::string> strings() const;
+  [[nodiscard]] std::size_t size() const;  // the number of an array's elements
 
   // Calls `visit` with each element of an array, or with the name and the value of each
   // member of an object, in order. Refuses a value of another kind.

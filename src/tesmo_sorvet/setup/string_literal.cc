@@ -111,6 +111,17 @@ void read_escape(Source& source, std::string& value) {
   }
 }
 
+// What stands for itself: the next character, whatever it is, and those up to the next one
+// that may not.
+std::string_view plain_run(std::string_view text, char quote) {
+  std::size_t size = 1;
+  while (size < text.size() && text[size] != quote && text[size] != '\\' &&
+         text[size] != '\n') {
+    ++size;
+  }
+  return text.substr(0, size);
+}
+
 }  // namespace
 
 void Source::skip_to_next(char c) {
@@ -134,7 +145,6 @@ std::string read_string_literal(Source& source) {
   read_prefix(source);
   const Source start = source;
   const std::string_view quote = read_quote(source);
-  const std::string_view ends_a_run = quote[0] == '"' ? "\"\\\n" : "'\\\n";
   std::string value;
   while (!source.rest().starts_with(quote)) {
     if (source.at_end() || (source.peek() == '\n' && quote.size() == 1)) {
@@ -144,8 +154,7 @@ std::string read_string_literal(Source& source) {
       source.skip(1);
       read_escape(source, value);
     } else {
-      const std::string_view run =
-          source.rest().substr(0, source.rest().find_first_of(ends_a_run, 1));
+      const std::string_view run = plain_run(source.rest(), quote[0]);
       value += run;
       source.skip(run.size());
     }
