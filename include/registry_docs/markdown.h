@@ -48,6 +48,8 @@ class Table {
   [[nodiscard]] std::string text() && { return std::move(text_); }
 
  private:
+  void end_cell();
+
   std::string text_;
 };
 

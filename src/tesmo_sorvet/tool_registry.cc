@@ -1,6 +1,8 @@
 #include "tesmo_sorvet/tool_registry.h"
 
+#include <array>
 #include <functional>
+#include <optional>
 #include <unordered_set>
 
 #include "registry_docs/markdown.h"
@@ -16,9 +18,10 @@ using registry_docs::Value;
 using registry_docs::ValueFormat;
 using NameSet = std::unordered_set<std::string_view>;
 
-std::vector<std::string> strings_of(const Node& object, std::string_view name) {
-  const auto found = object.find(name);
-  return found ? found->strings() : std::vector<std::string>();
+using MaybeNode = std::optional<Node>;
+
+std::vector<std::string> strings_of(const MaybeNode& list) {
+  return list ? list->strings() : std::vector<std::string>();
 }
 
 // The text that names the values, each spelled and then written through a format.
@@ -33,30 +36,30 @@ std::function<std::string(const ValueFormat&)> values_text(std::vector<Value> va
   };
 }
 
-std::vector<Value> values_of(const Node& object, std::string_view name) {
+std::vector<Value> values_of(const MaybeNode& list) {
   std::vector<Value> values;
-  const auto found = object.find(name);
-  if (!found) return values;
-  found->for_each_element([&](const Node& element) { values.push_back(element.value()); });
+  if (!list) return values;
+  list->for_each_element([&](const Node& element) { values.push_back(element.value()); });
   return values;
 }
 
-Value default_of(const Node& object) {
-  const auto found = object.find("default");
-  return found ? found->value() : Value();
-}
+Value value_of(const MaybeNode& declared) { return declared ? declared->value() : Value(); }
 
-ParamSpec declared_param(const Node& declared) {
-  ParamSpec param{.name = name_of(declared), .default_value = default_of(declared)};
-  if (const auto required = declared.find("required")) param.required = required->boolean();
-  if (const auto defaults = declared.find("action_defaults")) {
-    defaults->for_each_member([&](std::string_view action, const Node& value) {
+void read_param(const Node& declared, ParamSpec& param) {
+  constexpr std::array<std::string_view, 5> names = {"required", "default", "action_defaults",
+                                                     "applies_to", "values"};
+  param.name = name_of(declared);
+  const auto [required, default_value, action_defaults, applies_to, values] =
+      declared.find_each(names);
+  param.default_value = value_of(default_value);
+  if (required) param.required = required->boolean();
+  if (action_defaults) {
+    action_defaults->for_each_member([&param](std::string_view action, const Node& value) {
       param.action_defaults.emplace_back(action, value.value());
     });
   }
-  param.applies_to = strings_of(declared, "applies_to");
-  param.values_text = values_text(values_of(declared, "values"));
-  return param;
+  param.applies_to = strings_of(applies_to);
+  param.values_text = values_text(values_of(values));
 }
 
 // The parameters that a tool's schema alone declares.
@@ -72,8 +75,8 @@ std::vector<ParamSpec> schema_params(const Node& schema) {
     if (name.empty()) property.refuse("a name", "an empty string");
     params.push_back({.name = std::string(name),
                       .required = required.contains(name),
-                      .default_value = default_of(property),
-                      .values_text = values_text(values_of(property, "enum"))});
+                      .default_value = value_of(property.find("default")),
+                      .values_text = values_text(values_of(property.find("enum")))});
   });
   return params;
 }
@@ -86,7 +89,8 @@ std::vector<ParamSpec> params(const Node& declared) {
   if (!params) return found;
   found.clear();
   found.reserve(params->size());
-  params->for_each_element([&](const Node& param) { found.push_back(declared_param(param)); });
+  params->for_each_element(
+      [&](const Node& param) { read_param(param, found.emplace_back()); });
   return found;
 }
 
@@ -109,7 +113,7 @@ ToolSpec tool(const Node& declared) {
   spec.mcp_text = string_of(declared, "description");
   const auto summary = declared.find("summary");
   spec.summary = summary ? summary->string() : first_line(spec.mcp_text);
-  spec.action_names = strings_of(declared, "actions");
+  spec.action_names = strings_of(declared.find("actions"));
   spec.actions = spec.action_names;
   spec.all_params = params(declared);
   return spec;

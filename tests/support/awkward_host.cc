@@ -1,21 +1,13 @@
 #include "support/awkward_host.h"
 
-#include <algorithm>
-#include <ranges>
-
 #include "registry_docs/registry_docs.h"
 #include "support/temporary_directory.h"
 #include "support/text.h"
 
-namespace support {
+namespace registry_docs::support {
 namespace {
 
-using registry_docs::InputSchema;
-using registry_docs::ItemsSchema;
-using registry_docs::ParamSpec;
-using registry_docs::PropertySchema;
-using registry_docs::ToolSpec;
-using List = registry_docs::Value::List;
+using List = Value::List;
 
 struct Parameter {
   PropertySchema schema;
@@ -23,8 +15,8 @@ struct Parameter {
 };
 
 std::vector<Parameter> parameters() {
-  const auto values = [](const registry_docs::ValueFormat& format) {
-    return "Takes " + format("x|y") + ",\n" + format("") + " or " + format("`") + "!";
+  const auto values = [](const ValueFormat& format) {
+    return "Takes " + format("x|y") + ",\n" + format("") + format("`") + "!";
   };
   return {
       {{"action", "string", {}, " The operation\n\tto run? "}, {"", true}},
@@ -48,14 +40,8 @@ std::vector<Parameter> parameters() {
 
 std::vector<std::shared_ptr<const ToolSpec>> tools() {
   std::vector<ToolSpec> declared = {
-      {"größe_suche", "éTÉ X", "Sucht\tnach |Größe|",
-       "Zwei\n\n Absätze: {x} ${HOME} \\b|\\\\"},
-      {"many_kinds",
-       "core",
-       "Takes `all` kinds",
-       "First.\n\n\u2028Second |",
-       {"a"},
-       {"alpha", "beta", "c|d"}},
+      {"größe_suche", "éTÉ X", "Sucht\tnach |Größe|", "Zwei\n\n Absätze: {x} \\b|\\\\"},
+      {"many_kinds", "core", "Takes `all`", "1.\n\u2028 2 |", {"a"}, {"alpha", "beta", "c|d"}},
       {"one_action", "éTÉ X", "", "", {"only"}, {"only"}},
       {"plain__tool_", "core", " \n ", "\\1 $& {name} {{name}}"},
   };
@@ -81,39 +67,35 @@ InputSchema schema(std::string_view tool) {
 
 }  // namespace
 
-registry_docs::Host empty_host() {
-  registry_docs::Host host{.TIERS = {"core", "NONE yet", "éTÉ X"}};
-  host.get_cli_schema = schema;
-  host.snake_to_kebab = [](std::string_view name) {
-    return replaced(std::string(name), "_", "-");
-  };
+Host empty_host() {
+  Host host{.TIERS = {"core", "NONE yet", "éTÉ X"}};
+  host.get_cli_schema = [](auto tool) { return std::make_shared<InputSchema>(schema(tool)); };
+  host.snake_to_kebab = [](auto name) { return replaced(std::string(name), "_", "-"); };
   host.rules_table = [] { return "| \\1 $& | `{x}` \\|\n"; };
-  host.skill_table = [](const registry_docs::Facts& facts) {
+  host.skill_table = [](const Facts& facts) {
     return std::to_string(facts.size()) + " {" + facts.at("frameworks") + "} \\| $1\n\n";
   };
   host.ENDPOINT_FRAMEWORKS = {{"z", "Zeta"}, {"a", "Al, pha {x}"}, {"z2", ""}};
   host.TESMO_INSTRUCTION_CONTENT = markers(
       "\u2003\n# Rules \\1\n[rules-routes]\nold\nlines[/rules-routes] [b]\n[/b]\n[c]\u3000\f");
-  host.without_markers = [](std::string_view text) {
-    return "\u0085" + std::string(text) + "\x1C";
-  };
+  host.without_markers = [](auto text) { return "\u0085" + std::string(text) + "\x1C"; };
   return host;
 }
 
-registry_docs::Host awkward_host() {
-  registry_docs::Host host = empty_host();
+Host awkward_host() {
+  Host host = empty_host();
   host.TOOLS = tools();
   return host;
 }
 
-void lay_out(const registry_docs::Host& host, const std::filesystem::path& root) {
-  for (const registry_docs::GeneratedFile& file : generated_files(host)) {
-    std::string text = "{hand-written} \\1 $1\n";
-    for (const auto& [name, renderer] : std::views::reverse(file.blocks)) {
-      text += markers("[" + name + "]\n[/" + name + "]") + " {between} \\\n";
+void lay_out(const Host& host, const std::filesystem::path& root) {
+  for (const GeneratedFile& file : generated_files(host)) {
+    std::string text;
+    for (const auto& [name, renderer] : file.blocks) {
+      text.insert(0, " {between} \\\n" + markers("[" + name + "]\n[/" + name + "]"));
     }
     write_file(root / file.path, text);
   }
 }
 
-}  // namespace support
+}  // namespace registry_docs::support

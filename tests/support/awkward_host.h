@@ -6,17 +6,16 @@
 
 #include "registry_docs/host.h"
 
-namespace support {
+namespace registry_docs::support {
 
-registry_docs::Host awkward_host();
+Host awkward_host();
 
 // The same host before it had any tool.
-registry_docs::Host empty_host();
+Host empty_host();
 
-// Writes the host's files under `root`, hand-written text around blocks that stand in the
-// opposite of their declared order and are empty.
+// Writes the host's files under `root`, their blocks empty and in the opposite order.
 void lay_out(const registry_docs::Host& host, const std::filesystem::path& root);
 
-}  // namespace support
+}  // namespace registry_docs::support
 
 #endif  // SUPPORT_AWKWARD_HOST_H

@@ -6,26 +6,34 @@
 namespace registry_docs::markdown {
 namespace {
 
+using Flag = unsigned char;  // of a byte's size, so that many fit into one register
+
 // Whether a cell holds the text as it is: ASCII without bars, its white space single blanks.
-// `text` is stripped, so that its last character is no blank. Without branches, so that the
-// compiler looks at many bytes at once: 2.5 times as fast as one by one.
+// `text` is stripped, so that its last character is no blank. Without branches and byte by
+// byte, so that the compiler has it look at many bytes at once.
 bool stays(std::string_view text) {
-  if (text.empty()) return true;
-  int changes = (text.back() < ' ' ? 1 : 0) | (text.back() == '|' ? 1 : 0);
-  const char* const bytes = text.data();
-  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-    changes |= (bytes[i] < ' ' ? 1 : 0) | (bytes[i] == '|' ? 1 : 0) |
-               ((bytes[i] == ' ' ? 1 : 0) & (bytes[i + 1] == ' ' ? 1 : 0));
+  Flag changes = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    changes = static_cast<Flag>(changes | (byte < ' ') | (byte > '~') | (byte == '|'));
+  }
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    changes = static_cast<Flag>(changes | ((text[i - 1] == ' ') & (text[i] == ' ')));
   }
   return changes == 0;
 }
 
-// The size of what `text` begins with that is neither white space nor a bar.
-std::size_t word_size(std::string_view text) {
+bool is_graphic(char c) { return c > ' ' && c <= '~'; }
+
+// The size of a beginning of `text` that a cell holds as it is. `text` is stripped, so that
+// something follows each blank.
+std::size_t unchanged_size(std::string_view text) {
   std::size_t size = 0;
-  while (size < text.size() && text[size] != '|' &&
-         (text[size] > ' ' || text::white_space_size(text.substr(size)) == 0)) {
-    ++size;
+  for (; size < text.size(); ++size) {
+    const char c = text[size];
+    if (c == '|') break;
+    if (is_graphic(c) || (c == ' ' && is_graphic(text[size + 1]))) continue;
+    if (text::white_space_size(text.substr(size)) != 0) break;
   }
   return size;
 }
@@ -33,16 +41,16 @@ std::size_t word_size(std::string_view text) {
 // `text` is stripped.
 void append_changed(std::string& to, std::string_view text) {
   while (!text.empty()) {
-    const std::size_t word = word_size(text);
-    to += text.substr(0, word);
-    text.remove_prefix(word);
+    const std::size_t unchanged = unchanged_size(text);
+    to += text.substr(0, unchanged);
+    text.remove_prefix(unchanged);
     if (text.starts_with('|')) {
       to += "\\|";
       text.remove_prefix(1);
-      continue;
+    } else if (!text.empty()) {
+      to += ' ';
+      while (const std::size_t size = text::white_space_size(text)) text.remove_prefix(size);
     }
-    if (!text.empty()) to += ' ';
-    while (const std::size_t size = text::white_space_size(text)) text.remove_prefix(size);
   }
 }
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <unordered_set>
 
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
@@ -89,16 +88,22 @@ markdown::Table params_table(const ToolSpec& tool) {
       {"Parameter", "CLI", "Type", "Required", "Default", "Actions", "Description"});
 }
 
-using RequiredNames = std::unordered_set<std::string_view>;
+// Sorted.
+using Names = std::vector<std::string_view>;
+
+Names sorted(const std::vector<std::string>& names) {
+  Names views(names.begin(), names.end());
+  std::ranges::sort(views);
+  return views;
+}
 
 void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
-             const ParamSpec& param, const PropertySchema& property,
-             const RequiredNames& required) {
+             const ParamSpec& param, const PropertySchema& property, const Names& required) {
   table.row()
       .code(param.name)
       .code("--" + host.snake_to_kebab(param.name))
       .plain(type_cell(tool, property))
-      .plain(required.contains(param.name) ? "Yes" : "No")
+      .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
       .cell(default_cell(param));
   if (!tool.actions.empty()) {
     table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
@@ -112,8 +117,7 @@ std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
   const std::shared_ptr<const InputSchema> schema = host.get_cli_schema(tool.name);
   const auto& properties = required_key(schema->properties, tool, "properties");
   require_same_parameters(tool, properties);
-  const auto& required_names = required_key(schema->required, tool, "required");
-  const RequiredNames required(required_names.begin(), required_names.end());
+  const Names required = sorted(required_key(schema->required, tool, "required"));
 
   markdown::Table table = params_table(tool);
   for (std::size_t i = 0; i < properties.size(); ++i) {

@@ -1,7 +1,8 @@
 #include "registry_docs/renderers/tools.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <optional>
+#include <utility>
 
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
@@ -11,13 +12,22 @@ namespace registry_docs {
 namespace renderers {
 namespace {
 
-using Ranks = std::unordered_map<std::string_view, std::size_t>;
+// Names of tiers and their places in the documentation, sorted.
+using Ranks = std::vector<std::pair<std::string_view, std::size_t>>;
 
-// Each tier's place in the documentation, by name.
 Ranks tier_ranks(const Host& host) {
   Ranks ranks;
-  for (const std::string& tier : host.TIERS) ranks.try_emplace(tier, ranks.size());
+  ranks.reserve(host.TIERS.size());
+  for (const std::string& tier : host.TIERS) ranks.emplace_back(tier, ranks.size());
+  std::ranges::sort(ranks);
   return ranks;
+}
+
+// The first place of a tier, or nothing for a name that is none.
+std::optional<std::size_t> rank_of(const Ranks& ranks, std::string_view tier) {
+  const auto found = std::ranges::lower_bound(ranks, tier, {}, &Ranks::value_type::first);
+  if (found == ranks.end() || found->first != tier) return std::nullopt;
+  return found->second;
 }
 
 }  // namespace
@@ -26,8 +36,7 @@ std::vector<Tools> tier_tools(const Host& host) {
   const Ranks ranks = tier_ranks(host);
   std::vector<Tools> tiers(host.TIERS.size());
   for (const auto& tool : host.TOOLS) {
-    const auto rank = ranks.find(tool->tier);
-    if (rank != ranks.end()) tiers[rank->second].push_back(tool);
+    if (const auto rank = rank_of(ranks, tool->tier)) tiers[*rank].push_back(tool);
   }
   return tiers;
 }
@@ -67,7 +76,8 @@ std::string cli_usage(const Host& host, const ToolSpec& tool) {
   std::string line = "tesmo-sorvet query " + host.snake_to_kebab(tool.name);
   for (const ParamSpec& param : tool.all_params) {
     if (!param.required) continue;
-    line += " --" + host.snake_to_kebab(param.name) + " <" + param.name + ">";
+    line.append(" --").append(host.snake_to_kebab(param.name));
+    line.append(" <").append(param.name).append(">");
   }
   return line;
 }

@@ -19,7 +19,9 @@ GeneratedFile mcp_reference(const Host& host) {
                      .blocks = {{"mcp-intro", bound(host, mcp_intro_block)},
                                 {"mcp-overview", bound(host, mcp_overview_block)},
                                 {"mcp-cli", bound(host, mcp_cli_block)}}};
-  for (auto& tool : ordered_tools(host)) {
+  auto tools = ordered_tools(host);
+  file.blocks.reserve(file.blocks.size() + tools.size());
+  for (auto& tool : tools) {
     std::string name = "params:" + tool->name;
     file.blocks.emplace_back(std::move(name), params_renderer(host, std::move(tool)));
   }

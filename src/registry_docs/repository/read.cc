@@ -16,22 +16,25 @@ struct stat status_of(const Descriptor& file, const std::filesystem::path& path)
   return status;
 }
 
-// Reads to the end of the file, which is expected after about `expected_size` bytes.
-std::string read_to_end(const Descriptor& file, const std::filesystem::path& path,
-                        std::size_t expected_size) {
+// Reads to the end of the file.
+std::string read_to_end(const Descriptor& file, const struct stat& status,
+                        const std::filesystem::path& path) {
   constexpr std::size_t least_room = 4096;
-  std::string bytes(expected_size + 1, '\0');  // one more, so that the end shows at once
-  std::size_t size = 0;
-  while (true) {
-    if (bytes.size() == size) bytes.resize(size * 2 + least_room);
-    const ssize_t count = ::read(file.number(), bytes.data() + size, bytes.size() - size);
+  const bool is_regular = S_ISREG(status.st_mode);
+  std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+  for (std::size_t size = 0;;) {
+    const std::size_t room = bytes.size() - size;
+    const ssize_t count = ::read(file.number(), bytes.data() + size, room);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw FileError(path, last_error());
-    if (count == 0) break;
     size += static_cast<std::size_t>(count);
+    // Of a regular file, the system returns less than it was asked for only at the end.
+    if (count == 0 || (is_regular && static_cast<std::size_t>(count) < room)) {
+      bytes.resize(size);
+      return bytes;
+    }
+    if (bytes.size() == size) bytes.resize(size * 2 + least_room);
   }
-  bytes.resize(size);
-  return bytes;
 }
 
 void require_regular(const struct stat& status, const std::filesystem::path& path) {
@@ -49,7 +52,7 @@ std::string read_regular_file(const std::filesystem::path& path) {
   const Descriptor file(path, O_RDONLY | O_NONBLOCK);  // a pipe must not be waited on
   const struct stat status = status_of(file, path);
   require_regular(status, path);
-  return read_to_end(file, path, static_cast<std::size_t>(status.st_size));
+  return read_to_end(file, status, path);
 }
 
 std::string decoded(const std::filesystem::path& path, std::string bytes) {
@@ -62,7 +65,7 @@ std::string decoded(const std::filesystem::path& path, std::string bytes) {
 std::string read_bytes(const std::filesystem::path& path) {
   const repository::Descriptor file(path, O_RDONLY);
   const struct stat status = repository::status_of(file, path);
-  return repository::read_to_end(file, path, static_cast<std::size_t>(status.st_size));
+  return repository::read_to_end(file, status, path);
 }
 
 std::string read_text(const std::filesystem::path& path) {

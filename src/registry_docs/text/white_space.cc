@@ -6,6 +6,8 @@ namespace registry_docs {
 namespace text {
 namespace {
 
+bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
 bool is_ascii_white_space(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r') || (c >= '\x1c' && c <= '\x1f');
 }
@@ -21,7 +23,9 @@ bool is_wide_white_space(std::string_view bytes) {
 
 // The size of the white-space character that `text` ends with, or 0.
 std::size_t trailing_white_space_size(std::string_view text) {
-  for (std::size_t size = 1; size <= 3 && size <= text.size(); ++size) {
+  if (text.empty()) return 0;
+  if (is_ascii(text.back())) return is_ascii_white_space(text.back()) ? 1 : 0;
+  for (std::size_t size = 2; size <= 3 && size <= text.size(); ++size) {
     if (white_space_size(text.substr(text.size() - size)) == size) return size;
   }
   return 0;
@@ -31,7 +35,7 @@ std::size_t trailing_white_space_size(std::string_view text) {
 
 std::size_t white_space_size(std::string_view text) {
   if (text.empty()) return 0;
-  if (static_cast<unsigned char>(text[0]) < 0x80) return is_ascii_white_space(text[0]) ? 1 : 0;
+  if (is_ascii(text[0])) return is_ascii_white_space(text[0]) ? 1 : 0;
   if (text.starts_with("\u0085") || text.starts_with("\u00A0")) return 2;
   if (text.size() >= 3 && is_wide_white_space(text.substr(0, 3))) return 3;
   return 0;

@@ -13,10 +13,28 @@ enum class Kind : std::uint8_t { null, boolean, integer, floating, string, array
 
 // One value. The elements of an array follow it; the members of an object follow it as
 // pairs of name, a string, and value.
-struct Token {
-  Kind kind;
-  std::uint32_t span;     // tokens that the value takes up, its own and its content's
-  std::string_view text;  // a string decoded; a number or a boolean as it is spelled
+class Token {
+ public:
+  // A string, decoded; a number or a boolean as it is spelled; or null.
+  Token(Kind kind, std::string_view text)
+      : data_(text.data()), size_(static_cast<std::uint32_t>(text.size())), kind_(kind) {}
+  // An array or an object that takes up so many tokens, its own and its content's.
+  Token(Kind kind, std::size_t span) : size_(static_cast<std::uint32_t>(span)), kind_(kind) {}
+
+  [[nodiscard]] Kind kind() const { return kind_; }
+  // The tokens that the value takes up.
+  [[nodiscard]] std::uint32_t span() const { return is_list() ? size_ : 1; }
+  // Of an array and an object, empty.
+  [[nodiscard]] std::string_view text() const {
+    return is_list() ? std::string_view() : std::string_view(data_, size_);
+  }
+
+ private:
+  [[nodiscard]] bool is_list() const { return kind_ == Kind::array || kind_ == Kind::object; }
+
+  const char* data_ = nullptr;
+  std::uint32_t size_;  // of the text, or the span
+  Kind kind_;
 };
 
 // Every number in it can be held: an integer in 64 bits, any other as a double. The

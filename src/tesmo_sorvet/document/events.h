@@ -10,14 +10,9 @@
 #include <vector>
 
 #include "tesmo_sorvet/document/document.h"
+#include "tesmo_sorvet/document/refusal.h"
 
 namespace tesmo_sorvet {
-
-// What JSON itself allows and a registry does not, or the reverse.
-struct Refusal {
-  std::size_t offset;   // in the document's bytes
-  std::string message;  // what was expected and what was found
-};
 
 // Receives the events of the parser, which decodes strings in place. The strings and
 // numbers that it is given lie in the parsed buffer, where they began.

@@ -37,17 +37,17 @@ void Node::refuse(const std::string& expected, const std::string& found) const {
 }
 
 void Node::require(Kind kind) const {
-  if (token_->kind != kind) refuse(kind_name(kind), kind_name(token_->kind));
+  if (token_->kind() != kind) refuse(kind_name(kind), kind_name(token_->kind()));
 }
 
 std::string_view Node::string() const {
   require(Kind::string);
-  return token_->text;
+  return token_->text();
 }
 
 bool Node::boolean() const {
   require(Kind::boolean);
-  return token_->text == "true";
+  return token_->text() == "true";
 }
 
 std::vector<std::string> Node::strings() const {
@@ -64,8 +64,8 @@ std::size_t Node::size() const {
 
 std::optional<Node> Node::find(std::string_view name) const {
   require(Kind::object);
-  for (const Token* at = token_ + 1; at != end(); at += 1 + (at + 1)->span) {
-    if (at->text == name) return Node(*document_, *(at + 1));
+  for (const Token* at = token_ + 1; at != end(); at += 1 + (at + 1)->span()) {
+    if (at->text() == name) return Node(*document_, *(at + 1));
   }
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 #ifndef TESMO_SORVET_DOCUMENT_NODE_H
 #define TESMO_SORVET_DOCUMENT_NODE_H
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ class Node {
  public:
   explicit Node(const Document& document) : Node(document, document.root()) {}
 
-  [[nodiscard]] Kind kind() const { return token_->kind; }
+  [[nodiscard]] Kind kind() const { return token_->kind(); }
 
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
@@ -31,21 +32,40 @@ class Node {
   template <typename Visit>
   void for_each_element(Visit visit) const {
     require(Kind::array);
-    for (const Token* at = token_ + 1; at != end(); at += at->span) {
+    for (const Token* at = token_ + 1; at != end(); at += at->span()) {
       visit(Node(*document_, *at));
     }
   }
   template <typename Visit>
   void for_each_member(Visit visit) const {
     require(Kind::object);
-    for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span) {
-      visit(name->text, Node(*document_, *(name + 1)));
+    for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span()) {
+      visit(name->text(), Node(*document_, *(name + 1)));
     }
   }
 
   // The member of that name of an object, and of one that must have it.
   [[nodiscard]] std::optional<Node> find(std::string_view name) const;
   [[nodiscard]] Node at(std::string_view name) const;
+
+  // The members of these names, each as `find` returns it, found in one pass. Fastest where
+  // `names` are in the order in which objects mostly have them.
+  template <std::size_t Count>
+  [[nodiscard]] std::array<std::optional<Node>, Count> find_each(
+      const std::array<std::string_view, Count>& names) const {
+    std::array<std::optional<Node>, Count> found{};
+    std::size_t next = 0;
+    for_each_member([&](std::string_view name, const Node& member) {
+      for (std::size_t tried = 0; tried < Count; ++tried) {
+        const std::size_t place = next;
+        next = next + 1 == Count ? 0 : next + 1;
+        if (names[place] != name) continue;
+        found[place] = member;
+        return;
+      }
+    });
+    return found;
+  }
 
   // Any value; an object is kept as its compact JSON text.
   [[nodiscard]] registry_docs::Value value() const;
@@ -59,7 +79,7 @@ class Node {
   Node(const Document& document, const Token& token) : document_(&document), token_(&token) {}
 
   void require(Kind kind) const;
-  [[nodiscard]] const Token* end() const { return token_ + token_->span; }
+  [[nodiscard]] const Token* end() const { return token_ + token_->span(); }
   [[nodiscard]] std::string described() const;
   void append_json(std::string& json) const;
 

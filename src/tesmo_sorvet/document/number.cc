@@ -36,6 +36,14 @@ Kind number_kind(std::string_view number) {
                                                                : Kind::floating;
 }
 
+std::string number_refusal(std::string_view number) {
+  const bool is_integer = number_kind(number) == Kind::integer;
+  return std::string("expected ") +
+         (is_integer ? "an integer from -2^63 to 2^64 - 1"
+                     : "a number that a double can hold") +
+         ", found " + std::string(number);
+}
+
 std::optional<registry_docs::Value> integer_value(std::string_view number) {
   if (const auto held = whole<std::int64_t>(number)) return *held;
   if (const auto held = whole<std::uint64_t>(number)) return *held;

@@ -3,6 +3,7 @@
 #define TESMO_SORVET_DOCUMENT_NUMBER_H
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "registry_docs/value.h"
@@ -13,6 +14,9 @@ namespace tesmo_sorvet {
 // Kind::integer for a number without fraction and exponent, else Kind::floating. Here and
 // below, `number` is spelled as JSON allows.
 Kind number_kind(std::string_view number);
+
+// What is wrong with a number that cannot be held: "expected ..., found NUMBER".
+std::string number_refusal(std::string_view number);
 
 // From -2^63 to 2^64 - 1; nothing outside that range.
 std::optional<registry_docs::Value> integer_value(std::string_view number);

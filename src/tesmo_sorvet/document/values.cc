@@ -54,11 +54,11 @@ registry_docs::Value Node::value() const {
     case Kind::boolean:
       return boolean();
     case Kind::integer:
-      return *integer_value(token_->text);
+      return *integer_value(token_->text());
     case Kind::floating:
-      return *floating_value(token_->text);
+      return *floating_value(token_->text());
     case Kind::string:
-      return token_->text;
+      return token_->text();
     case Kind::array: {
       registry_docs::Value::List items;
       for_each_element([&](const Node& element) { items.push_back(element.value()); });
@@ -75,7 +75,7 @@ registry_docs::Value Node::value() const {
 void Node::append_json(std::string& json) const {
   std::string_view separator;
   if (kind() == Kind::string) {
-    append_json_string(json, token_->text);
+    append_json_string(json, token_->text());
   } else if (kind() == Kind::array) {
     json += '[';
     for_each_element([&](const Node& element) {

@@ -24,7 +24,7 @@ void skip_blanks(Source& source) {
 }
 
 // Reads "NAME =" or "NAME: type =" at the start of a line; leaves the source where it was
-// unless it was there.
+// unless it was there. Refuses "NAME +=": the text would be no longer the literal's alone.
 bool read_assignment(Source& source) {
   Source ahead = source;
   if (!ahead.rest().starts_with(constant)) return false;
@@ -33,6 +33,7 @@ bool read_assignment(Source& source) {
   if (ahead.peek() == ':' && !ahead.rest().starts_with(":=")) {
     while (ahead.peek() != '=' && ahead.peek() != '\n' && !ahead.at_end()) ahead.skip(1);
   }
+  if (ahead.rest().starts_with("+=")) ahead.refuse("a plain assignment");
   if (!ahead.rest().starts_with('=') || ahead.rest().starts_with("==")) return false;
   ahead.skip(1);
   source = ahead;
@@ -50,7 +51,7 @@ bool find_assignment(Source& source) {
 
 void require_end_of_statement(Source& source) {
   skip_blanks(source);
-  constexpr std::string_view ends = "\n#;";
+  constexpr std::string_view ends = "\n#";
   if (source.at_end() || ends.find(source.peek()) != std::string_view::npos) return;
   source.refuse("one plain string literal and nothing after it");
 }
@@ -67,8 +68,9 @@ std::string instruction_content(const std::string& path, std::string_view text) 
   skip_blanks(source);
   std::string content = read_string_literal(source);
   require_end_of_statement(source);
-  if (find_assignment(source))
-    source.refuse("no second assignment of " + std::string(constant));
+  if (find_assignment(source)) {
+    source.refuse("one assignment of " + std::string(constant), "a second one");
+  }
   return content;
 }
 

@@ -1,0 +1,172 @@
+"""Runs the program on copies of the example repository, as a user does."""
+
+import os
+import pathlib
+import pty
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+EXAMPLE = pathlib.Path(os.environ["EXAMPLE"])
+SKILL, CONFIG, GUIDE, README, MCP = FILES = (
+    "src/tesmo_sorvet/setup/skill_text.py", "src/tesmo_sorvet/setup/config.py",
+    "docs/claude-instructions-template.md", "README.md", "docs/mcp-tools.md")
+
+# Changes: of which file, what, into what.
+STALE = (README, "14 tools", "13 tools")
+STALE_CONFIG = (CONFIG, "| --- | --- |", "|---|---|")
+STALE_SKILL = (SKILL, "| --- | --- | --- |", "|---|---|---|")
+RENAMED = (README, "registry:readme-tools -->", "registry:größe -->")
+CR_LF = (README, "\n", "\r\n")
+MARK = (README, "# Tesmo Sorvet\n\n", "\ufeff# Tesmo Sorvet\n\n")
+# The lines of a check.
+README_LINE = "README.md: blocks out of date: readme-tools\n"
+SKILL_LINE = f"{SKILL}: blocks out of date: skill-routes, skill-tools\n"
+MCP_LINE = f"{MCP}: blocks out of date: mcp-intro, params:symbol_lookup\n"
+CONFIG_LINE = f"{CONFIG}: blocks out of date: rules-routes\n"
+WRONG_LINE = ("README.md: the markers do not match the blocks it holds "
+              "(missing ['readme-tools'], unknown ['größe'], repeated [])\n")
+
+CHANGES = {  # the changes, the lines of a check, and the files that a write writes
+    "none": ([], "", []),
+    "CR LF": ([CR_LF, (CONFIG, "\n", "\r\n")], "", []),
+    "lone CR": ([(MCP, "\n", "\r")], "", []),
+    "a byte-order mark": ([MARK], "", []),
+    "stale": ([STALE], README_LINE, [README]),
+    "stale, shorter": ([(README, "14 tools for", "")], README_LINE, [README]),
+    "stale, longer": ([(README, "14 tools", "x" * 70000)], README_LINE, [README]),
+    "stale, CR LF": ([STALE, CR_LF], README_LINE, [README]),
+    "stale, byte-order mark": ([STALE, MARK], README_LINE, [README]),
+    "many stale": ([(MCP, "200) | find", "20) | find"), (MCP, "**14 MCP", "**1 MCP"), STALE_SKILL,
+                    STALE_CONFIG, STALE], SKILL_LINE + CONFIG_LINE + README_LINE + MCP_LINE,
+                   [SKILL, CONFIG, README, MCP]),
+    "wrong markers": ([RENAMED, STALE_CONFIG], CONFIG_LINE + WRONG_LINE, []),
+}
+
+NO_FILE = "No such file or directory"
+REFUSED = {  # command lines, and the messages of their refusals
+    "": "gen_registry_docs: expected --check or --write, found neither",
+    "--write --check": "--check --write: expected one of them, found both",
+    "--check --root": "--root: expected a value, found nothing",
+    "--check --registry=": "--registry: expected a value, found an empty one",
+    "--root=. --check --root .": "--root: expected once, found again",
+    "--check --roots .": "'--roots': expected an option, see --help",
+    "--check --root /absent": f"/absent/src/tesmo_sorvet/tool_registry.json: {NO_FILE}",
+    "--check --registry absent.json": f"absent.json: {NO_FILE}",
+    "--check --registry -": "-:1:1: expected a JSON object, found the end of the document",
+}
+
+
+class Driver(unittest.TestCase):
+    def setUp(self):
+        self.directory = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.root = self.directory / "it's here"
+        self.renew(STALE)
+
+    def renew(self, *changes):
+        """Makes the copy anew, README.md as a link to a file elsewhere, and changes it."""
+        shutil.rmtree(self.root, ignore_errors=True)
+        shutil.copytree(EXAMPLE, self.root)
+        shutil.move(self.root / README, self.directory / "elsewhere")
+        (self.root / README).symlink_to(self.directory / "elsewhere")
+        (self.root / CONFIG).chmod(0o640)
+        for file, old, new in changes:
+            text = (self.root / file).read_bytes().decode()
+            self.assertIn(old, text)
+            (self.root / file).write_bytes(text.replace(old, new).encode())
+
+    def expect(self, status, output, errors, directory, *arguments, **more):
+        more = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "input": b"", **more}
+        done = subprocess.run([os.environ["PROGRAM"], *arguments], cwd=directory, **more)
+        self.assertEqual((done.returncode, done.stdout or b"", done.stderr or b""),
+                         (status, output.encode(), errors.encode()))
+
+    def state(self, file):
+        """What stays of a file in every write, and then what stays where none is due."""
+        path = self.root / file
+        lasting = (path.stat().st_ino, path.stat().st_mode, path.is_symlink())
+        return lasting, (path.read_bytes(), path.stat().st_mtime_ns)
+
+    def test_check_and_write(self):
+        for name, (changes, lines, written) in CHANGES.items():
+            with self.subTest(name):
+                self.renew(*changes)
+                before = [self.state(file) for file in FILES]
+                self.expect(int(lines != ""), lines, "", self.root, "--check")
+                self.assertEqual([self.state(file) for file in FILES], before)
+                refused = WRONG_LINE if WRONG_LINE in lines else ""
+                paths = "".join(f"{file}\n" for file in written)
+                self.expect(int(refused != ""), paths, refused, self.root, "--write")
+                for file, old in zip(FILES, before):
+                    if file not in written:
+                        self.assertEqual(self.state(file), old)
+                        continue
+                    mark = b"\xef\xbb\xbf" if MARK in changes else b""
+                    expected = (old[0], mark + (EXAMPLE / file).read_bytes())
+                    self.assertEqual((self.state(file)[0], self.state(file)[1][0]), expected)
+
+    def test_files_that_cannot_be_read(self):
+        path = self.root / README
+        for message, put in (
+                (NO_FILE, lambda: path.symlink_to("nowhere")),
+                ("Is a directory", path.mkdir),
+                ("expected a regular file", lambda: os.mkfifo(path)),
+                ("expected UTF-8, found an ill-formed sequence at byte 4",
+                 lambda: path.write_bytes(b"a\r\nb\xed\xa0\x80"))):
+            with self.subTest(message):
+                self.renew(STALE_CONFIG)
+                path.unlink()
+                put()
+                for option in ("--check", "--write"):
+                    self.expect(2, "", f"{path}: {message}\n", "/", option, "--root", self.root)
+                self.assertIn("|---|---|", (self.root / CONFIG).read_text(encoding="utf-8"))
+
+    @unittest.skipIf(os.geteuid() == 0, "root may write to it")
+    def test_read_only_file(self):
+        self.renew(STALE_CONFIG, STALE)
+        (self.root / README).chmod(0o444)
+        message = "./README.md: Permission denied\n"
+        self.expect(2, "", message, self.root, "--write", "--root=.")
+        self.expect(1, README_LINE, "", self.root, "--check")
+
+    def test_command_line(self):
+        for arguments, message in REFUSED.items():
+            with self.subTest(arguments):
+                self.expect(2, "", message + "\n", self.root, *arguments.split())
+        self.expect(0, f"gen_registry_docs {os.environ['VERSION']}\n", "", "/", "--version")
+        text = subprocess.check_output([os.environ["PROGRAM"], "--check", "--help"]).decode()
+        self.assertIn("(--check | --write) [--root DIR] [--registry FILE]\n", text)
+        message = ("/: expected src/tesmo_sorvet/tool_registry.json here or in a directory above, "
+                   "found none; name the repository with --root DIR\n")
+        self.expect(2, "", message, "/", "--check")
+
+    def test_root_and_registry(self):
+        registry = self.root / "src/tesmo_sorvet/tool_registry.json"
+        declared = registry.read_bytes()
+        self.expect(1, README_LINE, "", self.root / "docs", "--check")
+        self.expect(1, README_LINE, "", self.directory, "--root=it's here", "--check")
+        registry.rename(self.directory / "x.json")
+        registry.write_text("no registry")
+        self.expect(1, README_LINE, "", self.root, "--check", "--registry=-", input=declared)
+        self.expect(1, README_LINE, "", self.root, "--check", "--registry", "../x.json")
+        message = f"{registry}:1:2: expected a JSON value, found 'o'\n"
+        self.expect(2, "", message, self.root, "--write")
+
+    def test_output_that_cannot_be_written(self):
+        for option in ("--check", "--help", "--version"):
+            with self.subTest(option), open("/dev/full", "wb") as full:
+                for reason, more in (("No space left on device", {"stdout": full}),
+                                     ("Bad file descriptor", {"preexec_fn": lambda: os.close(1)})):
+                    self.expect(2, "", f"standard output: {reason}\n", self.root, option, **more)
+
+    def test_advice_at_a_terminal(self):
+        ours, theirs = pty.openpty()
+        self.expect(1, README_LINE, "", self.directory, "--check", "--root", "it's here",
+                    stderr=theirs)
+        command = b"\n  gen_registry_docs --write --root 'it'\\''s here'\r\n"
+        self.assertTrue(os.read(ours, 9999).endswith(command))
+
+
+if __name__ == "__main__":
+    unittest.main()
