@@ -6,19 +6,22 @@
 namespace registry_docs::markdown {
 namespace {
 
-using Flag = unsigned char;  // of a byte's size, so that many fit into one register
+// Of a byte's size, so that many fit into one register.
+using Flag = unsigned char;
+
+Flag is_blank(char c) { return c == ' ' ? 1 : 0; }
 
 // Whether a cell holds the text as it is: ASCII without bars, its white space single blanks.
 // `text` is stripped, so that its last character is no blank. Without branches and byte by
 // byte, so that the compiler has it look at many bytes at once.
 bool stays(std::string_view text) {
   Flag changes = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
     changes = static_cast<Flag>(changes | (byte < ' ') | (byte > '~') | (byte == '|'));
   }
   for (std::size_t i = 1; i < text.size(); ++i) {
-    changes = static_cast<Flag>(changes | ((text[i - 1] == ' ') & (text[i] == ' ')));
+    changes = static_cast<Flag>(changes | (is_blank(text[i - 1]) & is_blank(text[i])));
   }
   return changes == 0;
 }

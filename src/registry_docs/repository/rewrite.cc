@@ -37,10 +37,13 @@ std::error_code claim_room(const Descriptor& file, std::size_t old_size, std::si
   return {};
 }
 
-std::error_code write_all(const Descriptor& file, std::string_view bytes) {
-  for (std::size_t done = 0; done < bytes.size();) {
+// Writes the bytes over the beginning of the file. `done` counts those that were written,
+// also when it fails.
+std::error_code write_all(const Descriptor& file, std::string_view bytes, std::size_t& done) {
+  for (done = 0; done < bytes.size();) {
     const ssize_t count = ::pwrite(file.number(), bytes.data() + done, bytes.size() - done,
                                    static_cast<off_t>(done));
+    if (count == 0) return std::make_error_code(std::errc::io_error);
     if (count < 0 && errno != EINTR) return last_error();
     if (count > 0) done += static_cast<std::size_t>(count);
   }
@@ -55,9 +58,10 @@ std::error_code set_length(const Descriptor& file, std::size_t size) {
 }
 
 // Writes first and sets the length last: the file is never shorter than both texts.
-std::error_code put(const Descriptor& file, std::string_view bytes) {
-  if (const std::error_code failure = write_all(file, bytes)) return failure;
-  return set_length(file, bytes.size());
+std::error_code put(const Descriptor& file, std::string_view bytes, std::size_t size,
+                    std::size_t& done) {
+  if (const std::error_code failure = write_all(file, bytes, done)) return failure;
+  return set_length(file, size);
 }
 
 }  // namespace
@@ -71,10 +75,13 @@ void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
     set_length(file, old_bytes.size());  // gives back what was claimed beyond the end
     throw FileError(path, failure);
   }
-  failure = put(file, text);
+  std::size_t done = 0;
+  failure = put(file, text, text.size(), done);
   if (!failure) failure = file.close();
   if (!failure) return;
-  const std::error_code lost = put(Descriptor(path, O_WRONLY), old_bytes);
+  // What was not written over still stands, and a limit may forbid to write it again.
+  const std::error_code lost =
+      put(Descriptor(path, O_WRONLY), old_bytes.substr(0, done), old_bytes.size(), done);
   if (!lost) throw FileError(path, failure);
   throw FileError(
       path, failure,
