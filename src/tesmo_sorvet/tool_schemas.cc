@@ -9,7 +9,6 @@ namespace tesmo_sorvet {
 namespace {
 
 using registry_docs::InputSchema;
-using registry_docs::ItemsSchema;
 using registry_docs::PropertySchema;
 using registry_docs::Value;
 

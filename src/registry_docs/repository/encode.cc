@@ -1,7 +1,6 @@
 #include "registry_docs/repository/encode.h"
 
 #include <string_view>
-#include <utility>
 
 namespace registry_docs::repository {
 namespace {
@@ -21,10 +20,10 @@ std::string doubled(std::string_view text, char character) {
 
 }  // namespace
 
-std::string literal_text(std::string block) { return doubled(block, '\\'); }
+std::string literal_text(const std::string& block) { return doubled(block, '\\'); }
 
-std::string skill_text(std::string block) {
-  return doubled(doubled(literal_text(std::move(block)), '{'), '}');
+std::string skill_text(const std::string& block) {
+  return doubled(doubled(literal_text(block), '{'), '}');
 }
 
 }  // namespace registry_docs::repository

@@ -17,8 +17,9 @@ bool surely_differ(const std::vector<std::string_view>& names) {
   std::uint64_t seen = 0;
   for (const std::string_view name : names) {
     if (name.size() < 2) return false;
-    const auto mixed = name.size() * 5 + static_cast<unsigned char>(name[0]) +
-                       static_cast<unsigned char>(name[1]) * 3U;
+    const std::size_t first = static_cast<unsigned char>(name[0]);
+    const std::size_t second = static_cast<unsigned char>(name[1]);
+    const std::size_t mixed = name.size() * 5 + first + second * 3;
     const std::uint64_t bit = std::uint64_t{1} << (mixed % 64);
     if ((seen & bit) != 0) return false;
     seen |= bit;

@@ -21,7 +21,9 @@ class Events : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Events> {
   // `stream` is the one that the parser reads of `json`; all must outlive this.
   Events(rapidjson::InsituStringStream& stream, std::string_view json,
          std::vector<Token>& tokens)
-      : stream_(stream), tokens_(tokens), has_escapes_(json.find("\\u") != json.npos) {}
+      : stream_(stream),
+        tokens_(tokens),
+        has_escapes_(json.find("\\u") != std::string_view::npos) {}
 
   // Set once an event was refused, which stops the parser.
   [[nodiscard]] const std::optional<Refusal>& refusal() const { return refusal_; }
