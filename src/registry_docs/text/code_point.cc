@@ -5,6 +5,19 @@
 #include "registry_docs/text.h"
 
 namespace registry_docs::text {
+namespace {
+
+constexpr char case_distance = 'a' - 'A';
+
+char ascii_upper(char c) {
+  return static_cast<char>(c >= 'a' && c <= 'z' ? c - case_distance : c);
+}
+
+char ascii_lower(char c) {
+  return static_cast<char>(c >= 'A' && c <= 'Z' ? c + case_distance : c);
+}
+
+}  // namespace
 
 bool is_letter_or_number(std::int32_t code_point) {
   switch (utf8proc_category(code_point)) {
@@ -26,10 +39,16 @@ std::string capitalised(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
+    const bool is_first = at == 0;
+    if (static_cast<unsigned char>(text[at]) < 0x80) {
+      result += is_first ? ascii_upper(text[at]) : ascii_lower(text[at]);
+      ++at;
+      continue;
+    }
     const CodePoint found = code_point_at(text, at);
     if (found.size == 0) break;
     const utf8proc_int32_t mapped =
-        at == 0 ? utf8proc_toupper(found.value) : utf8proc_tolower(found.value);
+        is_first ? utf8proc_toupper(found.value) : utf8proc_tolower(found.value);
     append_code_point(result, static_cast<char32_t>(mapped));
     at += found.size;
   }
