@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <unordered_map>
 
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
@@ -69,36 +70,15 @@ void require_declared_blocks(const std::vector<blocks::Block>& matches,
   }
 }
 
-// The renderers of a file, to be found by name.
-class Renderers {
- public:
-  explicit Renderers(const GeneratedFile& generated) {
-    sorted_.reserve(generated.blocks.size());
-    for (const auto& block : generated.blocks) sorted_.push_back(&block);
-    std::ranges::sort(sorted_, {}, name);
-  }
-
-  // `name` must be a declared block's.
-  const Renderer& of(std::string_view block) const {
-    return (*std::ranges::lower_bound(sorted_, block, {}, name))->second;
-  }
-
- private:
-  using Declared = decltype(GeneratedFile::blocks)::value_type;
-
-  static std::string_view name(const Declared* block) { return block->first; }
-
-  std::vector<const Declared*> sorted_;
-};
-
 }  // namespace
 
 std::string render_file(std::string_view text, const GeneratedFile& generated) {
   const std::vector<blocks::Block> matches = blocks::scan(text);
   require_declared_blocks(matches, generated);
-  const Renderers renderers(generated);
+  std::unordered_map<std::string_view, const Renderer*> renderers;
+  for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
   return blocks::with_bodies(text, matches, [&](const blocks::Block& match) {
-    return generated.encode(renderers.of(match.name)());
+    return generated.encode((*renderers.at(match.name))());
   });
 }
 

@@ -1,8 +1,7 @@
 #include "registry_docs/renderers/tools.h"
 
 #include <algorithm>
-#include <optional>
-#include <utility>
+#include <unordered_map>
 
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
@@ -12,22 +11,15 @@ namespace registry_docs {
 namespace renderers {
 namespace {
 
-// Names of tiers and their places in the documentation, sorted.
-using Ranks = std::vector<std::pair<std::string_view, std::size_t>>;
+using Ranks = std::unordered_map<std::string_view, std::size_t>;
 
+// Each tier's first place in the documentation, by name.
 Ranks tier_ranks(const Host& host) {
   Ranks ranks;
-  ranks.reserve(host.TIERS.size());
-  for (const std::string& tier : host.TIERS) ranks.emplace_back(tier, ranks.size());
-  std::ranges::sort(ranks);
+  for (std::size_t rank = 0; rank < host.TIERS.size(); ++rank) {
+    ranks.try_emplace(host.TIERS[rank], rank);
+  }
   return ranks;
-}
-
-// The first place of a tier, or nothing for a name that is none.
-std::optional<std::size_t> rank_of(const Ranks& ranks, std::string_view tier) {
-  const auto found = std::ranges::lower_bound(ranks, tier, {}, &Ranks::value_type::first);
-  if (found == ranks.end() || found->first != tier) return std::nullopt;
-  return found->second;
 }
 
 }  // namespace
@@ -36,7 +28,8 @@ std::vector<Tools> tier_tools(const Host& host) {
   const Ranks ranks = tier_ranks(host);
   std::vector<Tools> tiers(host.TIERS.size());
   for (const auto& tool : host.TOOLS) {
-    if (const auto rank = rank_of(ranks, tool->tier)) tiers[*rank].push_back(tool);
+    const auto rank = ranks.find(tool->tier);
+    if (rank != ranks.end()) tiers[rank->second].push_back(tool);
   }
   return tiers;
 }

@@ -80,7 +80,6 @@ class Node {
 
   void require(Kind kind) const;
   [[nodiscard]] const Token* end() const { return token_ + token_->span(); }
-  [[nodiscard]] std::string described() const;
   void append_json(std::string& json) const;
 
   const Document* document_;
