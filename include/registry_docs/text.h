@@ -20,8 +20,16 @@ void append_code_point(std::string& text, char32_t code_point);
 // `text` without the white space, of any script, at its ends. Borrows from `text`.
 std::string_view strip(std::string_view text);
 
-// A file's bytes as they are. A pipe or a device is read to its end. Throws FileError.
-std::string read_bytes(const std::filesystem::path& path);
+// `bytes` as one line that is safe to show at a terminal: control and formatting characters
+// and line separators stand in it as escapes ("\n", "\x1b", "\u202e"), as does every byte
+// ("\xff") that is no UTF-8. Everything else stays as it is.
+std::string visible(std::string_view bytes);
+
+enum class FileKind { regular, regular_or_pipe };
+
+// A file's bytes as they are. A pipe, where it may be one, is waited on and read to its end.
+// Throws FileError.
+std::string read_bytes(const std::filesystem::path& path, FileKind kind);
 
 // A text file's contents, every CR LF and lone CR made a line feed. A byte-order mark
 // stays. Throws FileError for a file that cannot be read or is no regular file, and

@@ -1,7 +1,6 @@
 // gen_registry_docs: makes every list of a tool server's tools from its registry.
 #include <csignal>
 #include <exception>
-#include <string>
 
 #include "gen_registry_docs/run.h"
 
@@ -12,7 +11,7 @@ int main(int argc, char** argv) {
     const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
     return gen_registry_docs::run(options);
   } catch (const std::exception& error) {
-    gen_registry_docs::print_error(std::string(error.what()) + "\n");
+    gen_registry_docs::print_error(error.what());
     return 2;
   }
 }

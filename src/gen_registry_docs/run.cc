@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "registry_docs/registry_docs.h"
+#include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
 namespace gen_registry_docs {
@@ -59,11 +60,9 @@ std::string write_command(const Options& options) {
 // Tells a person at a terminal what to do about the problems.
 void advise(const Options& options) {
   if (::isatty(STDERR_FILENO) == 0) return;
-  const std::string advice =
-      "To bring the blocks up to date, first mend any markers that do not match, then run:\n"
-      "  " +
-      write_command(options) + "\n";
-  print_error(advice);
+  print_error(
+      "To bring the blocks up to date, first mend any markers that do not match, then run:");
+  print_error("  " + write_command(options));
 }
 
 int check(const registry_docs::Host& host, const fs::path& root, const Options& options) {
@@ -79,15 +78,16 @@ int write(const registry_docs::Host& host, const fs::path& root) {
     print_lines(registry_docs::write_blocks(host, root));
     return 0;
   } catch (const registry_docs::ValueError& error) {
-    print_error(std::string(error.what()) + "\n");
+    print_error(error.what());
     return 1;
   }
 }
 
 }  // namespace
 
-void print_error(const std::string& text) {
-  static_cast<void>(std::fputs(text.c_str(), stderr));  // there is nowhere to say it failed
+void print_error(std::string_view message) {
+  const std::string line = registry_docs::visible(message) + "\n";
+  static_cast<void>(std::fputs(line.c_str(), stderr));  // there is nowhere to say it failed
 }
 
 int run(const Options& options) {
@@ -96,9 +96,7 @@ int run(const Options& options) {
     return print("gen_registry_docs " REGISTRY_DOCS_VERSION "\n"), 0;
   }
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
-  const std::string registry =
-      options.registry.value_or((root / tesmo_sorvet::registry_path).string());
-  const registry_docs::Host host = tesmo_sorvet::bind_host(root, registry);
+  const registry_docs::Host host = tesmo_sorvet::bind_host(root, options.registry);
   return options.action == Action::check ? check(host, root, options) : write(host, root);
 }
 

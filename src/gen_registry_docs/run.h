@@ -2,14 +2,14 @@
 #ifndef GEN_REGISTRY_DOCS_RUN_H
 #define GEN_REGISTRY_DOCS_RUN_H
 
-#include <string>
+#include <string_view>
 
 #include "gen_registry_docs/options.h"
 
 namespace gen_registry_docs {
 
-// Prints to standard error, for a person.
-void print_error(const std::string& text);
+// Prints a line to standard error, for a person. What a terminal would act on is escaped.
+void print_error(std::string_view message);
 
 // Returns the exit status. Throws what keeps the work from being done.
 int run(const Options& options);

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "registry_docs/errors.h"
@@ -31,14 +32,23 @@ std::string standard_input() {
   return bytes;
 }
 
-std::string registry_bytes(const std::string& registry) {
-  return registry == "-" ? standard_input() : registry_docs::read_bytes(registry);
+// Only a registry that was named may be a pipe: the one in a repository is not waited on.
+Document registry_document(const std::filesystem::path& root,
+                           const std::optional<std::string>& registry) {
+  using registry_docs::FileKind;
+  if (registry == "-") return {*registry, standard_input()};
+  if (registry) {
+    return {*registry, registry_docs::read_bytes(*registry, FileKind::regular_or_pipe)};
+  }
+  const std::filesystem::path path = root / registry_path;
+  return {path.string(), registry_docs::read_bytes(path, FileKind::regular)};
 }
 
 }  // namespace
 
-registry_docs::Host bind_host(const std::filesystem::path& root, const std::string& registry) {
-  const Document document(registry, registry_bytes(registry));
+registry_docs::Host bind_host(const std::filesystem::path& root,
+                              const std::optional<std::string>& registry) {
+  const Document document = registry_document(root, registry);
   const Node declared(document);
   registry_docs::Host host{.TIERS = tiers(declared)};
   host.TOOLS = tools(declared, host.TIERS);

@@ -7,6 +7,7 @@
 
 #include "registry_docs/markdown.h"
 #include "registry_docs/text.h"
+#include "tesmo_sorvet/excerpt.h"
 #include "tesmo_sorvet/names.h"
 
 namespace tesmo_sorvet {
@@ -99,7 +100,7 @@ std::string tier(const Node& declared, const std::vector<std::string>& tiers,
   const auto found = declared.find("tier");
   if (!found) return tiers.front();
   if (!known.contains(found->string())) {
-    found->refuse("one of the tiers", "\"" + std::string(found->string()) + "\"");
+    found->refuse("one of the tiers", in_quotes(found->string()));
   }
   return std::string(found->string());
 }
@@ -128,7 +129,7 @@ std::vector<std::string> tiers(const Node& registry) {
   NameSet known;
   declared->for_each_element([&](const Node& element) {
     if (!known.insert(element.string()).second) {
-      element.refuse("distinct tiers", "\"" + std::string(element.string()) + "\" again");
+      element.refuse("distinct tiers", in_quotes(element.string()) + " again");
     }
     names.emplace_back(element.string());
   });
@@ -147,7 +148,7 @@ std::vector<std::shared_ptr<const ToolSpec>> tools(const Node& registry,
     found.push_back(std::make_shared<const ToolSpec>(std::move(spec)));
     if (!names.insert(found.back()->name).second) {
       declared.at("name").refuse("a name that no other tool has",
-                                 "\"" + found.back()->name + "\" again");
+                                 in_quotes(found.back()->name) + " again");
     }
   });
   return found;

@@ -1,9 +1,11 @@
 """Runs the program on copies of the example repository, as a user does."""
 
+import itertools
 import os
 import pathlib
 import pty
 import shutil
+import socket
 import subprocess
 import tempfile
 import unittest
@@ -12,6 +14,8 @@ EXAMPLE = pathlib.Path(os.environ["EXAMPLE"])
 SKILL, CONFIG, GUIDE, README, MCP = FILES = (
     "src/tesmo_sorvet/setup/skill_text.py", "src/tesmo_sorvet/setup/config.py",
     "docs/claude-instructions-template.md", "README.md", "docs/mcp-tools.md")
+
+REGISTRY = "src/tesmo_sorvet/tool_registry.json"
 
 # Changes: of which file, what, into what.
 STALE = (README, "14 tools", "13 tools")
@@ -45,6 +49,24 @@ CHANGES = {  # the changes, the lines of a check, and the files that a write wri
 }
 
 NO_FILE = "No such file or directory"
+
+def bind_socket(path):
+    with socket.socket(socket.AF_UNIX) as listening:
+        listening.bind(str(path))
+
+
+NO_REGULAR = "expected a regular file, found a "
+ODD = {  # messages about what may stand in a file's place, and how it is put there
+    NO_FILE: lambda path: path.symlink_to("nowhere"),
+    "Too many levels of symbolic links": lambda path: path.symlink_to(path.name),
+    NO_REGULAR + "directory": pathlib.Path.mkdir,
+    NO_REGULAR + "pipe": os.mkfifo,
+    NO_REGULAR + "socket": bind_socket,
+    NO_REGULAR + "device": lambda path: path.symlink_to("/dev/zero"),
+    "expected UTF-8, found an ill-formed sequence at byte 4":
+        lambda path: path.write_bytes(b"a\r\nb\xed\xa0\x80"),
+}
+
 REFUSED = {  # command lines, and the messages of their refusals
     "": "gen_registry_docs: expected --check or --write, found neither",
     "--write --check": "--check --write: expected one of them, found both",
@@ -107,20 +129,33 @@ class Driver(unittest.TestCase):
                     self.assertEqual((self.state(file)[0], self.state(file)[1][0]), expected)
 
     def test_files_that_cannot_be_read(self):
-        path = self.root / README
-        for message, put in (
-                (NO_FILE, lambda: path.symlink_to("nowhere")),
-                ("Is a directory", path.mkdir),
-                ("expected a regular file", lambda: os.mkfifo(path)),
-                ("expected UTF-8, found an ill-formed sequence at byte 4",
-                 lambda: path.write_bytes(b"a\r\nb\xed\xa0\x80"))):
-            with self.subTest(message):
-                self.renew(STALE_CONFIG)
+        for file, (message, put) in itertools.product((README, CONFIG, REGISTRY), ODD.items()):
+            with self.subTest(message, file=file):
+                self.renew(STALE_SKILL)
+                path = self.root / file
                 path.unlink()
-                put()
+                put(path)
                 for option in ("--check", "--write"):
                     self.expect(2, "", f"{path}: {message}\n", "/", option, "--root", self.root)
-                self.assertIn("|---|---|", (self.root / CONFIG).read_text(encoding="utf-8"))
+                self.assertIn("|---|---|---|", (self.root / SKILL).read_text(encoding="utf-8"))
+
+    def test_registries_that_are_named(self):
+        read, write = os.pipe()
+        os.write(write, (EXAMPLE / REGISTRY).read_bytes())
+        os.close(write)
+        named = ("--check", "--registry", f"/dev/fd/{read}")
+        self.expect(1, README_LINE, "", self.root, *named, pass_fds=[read])
+        for path, kind in (("/dev/zero", "device"), ("/", "directory")):
+            message = f"{path}: expected a regular file or a pipe, found a {kind}\n"
+            self.expect(2, "", message, self.root, "--write", "--registry", path)
+
+    def test_what_a_terminal_would_act_on(self):
+        name = "\x1b]0;x\a\u202e.json"
+        (self.root / name).write_text('{"a\\n\x7f\u009b": 1, "tools": [], "a\\n\x7f\u009b": 2}')
+        message = ("\\x1b]0;x\\x07\\u202e.json:1:28: expected each member once, "
+                   'found "a\\n\\x7f\\x9b" a second time\n')
+        self.expect(2, "", message, self.root, "--check", "--registry", name)
+        self.expect(2, "", "'\\xff\\x0d': expected an option, see --help\n", "/", b"\xff\r")
 
     @unittest.skipIf(os.geteuid() == 0, "root may write to it")
     def test_read_only_file(self):
@@ -142,7 +177,7 @@ class Driver(unittest.TestCase):
         self.expect(2, "", message, "/", "--check")
 
     def test_root_and_registry(self):
-        registry = self.root / "src/tesmo_sorvet/tool_registry.json"
+        registry = self.root / REGISTRY
         declared = registry.read_bytes()
         self.expect(1, README_LINE, "", self.root / "docs", "--check")
         self.expect(1, README_LINE, "", self.directory, "--root=it's here", "--check")

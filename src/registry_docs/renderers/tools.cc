@@ -58,9 +58,10 @@ std::vector<std::shared_ptr<const ToolSpec>> ordered_tools(const Host& host) {
     ordered.insert(ordered.end(), tools.begin(), tools.end());
   }
   if (ordered.size() == host.TOOLS.size()) return ordered;
-  const auto stray = std::ranges::find_if(host.TOOLS, [&host](const auto& tool) {
-    return std::ranges::find(host.TIERS, tool->tier) == host.TIERS.end();
-  });
+  const auto stray = std::ranges::find_if(
+      host.TOOLS, [ranks = renderers::tier_ranks(host)](const auto& tool) {
+        return !ranks.contains(tool->tier);
+      });
   throw ValueError((*stray)->name + ": expected one of the tiers " +
                    text::join(host.TIERS, ", ") + ", found " + (*stray)->tier);
 }

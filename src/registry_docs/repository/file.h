@@ -16,9 +16,10 @@ std::string read_regular_file(const std::filesystem::path& path);
 // Throws DecodeError, which names `path`.
 std::string decoded(const std::filesystem::path& path, std::string bytes);
 
-// Makes `text` the contents of the file, whose present contents are `old_bytes`. The file
+// Makes `text` the contents of the file, whose bytes must still be `old_bytes`. The file
 // keeps its inode, mode, owner and links. Room for the text is claimed before a byte
-// changes; when a write fails all the same, the old bytes are put back. Throws FileError.
+// changes; when a write fails all the same, the old bytes are put back. Returns when the
+// disk holds the text. Throws FileError, also when another program writes the file too.
 void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
              std::string_view text);
 

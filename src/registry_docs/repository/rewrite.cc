@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 
 #include "registry_docs/repository/descriptor.h"
@@ -9,83 +10,138 @@
 namespace registry_docs::repository {
 namespace {
 
-// Keeps an interrupt waiting in this thread until the file in hand is whole.
-class InterruptsHeld {
+// Keeps every signal that can wait from this thread until the file in hand is whole.
+class SignalsHeld {
  public:
-  InterruptsHeld() {
-    sigset_t interrupts;
-    sigemptyset(&interrupts);
-    for (const int interrupt : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&interrupts, interrupt);
-    ::pthread_sigmask(SIG_BLOCK, &interrupts, &before_);
+  SignalsHeld() {
+    sigset_t all;
+    sigfillset(&all);
+    ::pthread_sigmask(SIG_BLOCK, &all, &before_);
   }
-  ~InterruptsHeld() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  InterruptsHeld(const InterruptsHeld&) = delete;
-  InterruptsHeld& operator=(const InterruptsHeld&) = delete;
+  ~SignalsHeld() { ::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
 
  private:
   sigset_t before_{};
 };
 
-// Has the system set room aside for a longer text while the old one still stands. Where
-// the file system cannot say, a full disk shows when the text is written.
-std::error_code claim_room(const Descriptor& file, std::size_t old_size, std::size_t size) {
-  if (size <= old_size) return {};
-  while (::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) != 0) {
-    if (errno == EOPNOTSUPP || errno == ENOSYS) return {};
+// Makes a call until no signal interrupts it. Returns its failure, if any.
+template <typename Call>
+std::error_code finish(Call call) {
+  while (call() != 0) {
     if (errno != EINTR) return last_error();
   }
   return {};
 }
 
-// Writes the bytes over the beginning of the file. `done` counts those that were written,
-// also when it fails.
-std::error_code write_all(const Descriptor& file, std::string_view bytes, std::size_t& done) {
-  for (done = 0; done < bytes.size();) {
-    const ssize_t count = ::pwrite(file.number(), bytes.data() + done, bytes.size() - done,
-                                   static_cast<off_t>(done));
+// Has the system set room aside for a longer text while the old one still stands.
+std::error_code claim_room(const Descriptor& file, std::size_t old_size, std::size_t size) {
+  if (size <= old_size) return {};
+  const std::error_code failure = finish([&] {
+    return ::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size));
+  });
+  const bool is_offered = failure != std::errc::operation_not_supported &&
+                          failure != std::errc::function_not_supported;
+  return is_offered ? failure : std::error_code();
+}
+
+// `end` is the offset up to which the bytes were written, also when it fails.
+std::error_code write_at(const Descriptor& file, std::string_view bytes, std::size_t offset,
+                         std::size_t& end) {
+  for (end = offset; !bytes.empty();) {
+    const ssize_t count =
+        ::pwrite(file.number(), bytes.data(), bytes.size(), static_cast<off_t>(end));
     if (count == 0) return std::make_error_code(std::errc::io_error);
     if (count < 0 && errno != EINTR) return last_error();
-    if (count > 0) done += static_cast<std::size_t>(count);
+    if (count < 0) continue;
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+    end += static_cast<std::size_t>(count);
   }
   return {};
 }
 
 std::error_code set_length(const Descriptor& file, std::size_t size) {
-  while (::ftruncate(file.number(), static_cast<off_t>(size)) != 0) {
-    if (errno != EINTR) return last_error();
-  }
-  return {};
+  return finish([&] { return ::ftruncate(file.number(), static_cast<off_t>(size)); });
 }
 
-// Writes first and sets the length last: the file is never shorter than both texts.
-std::error_code put(const Descriptor& file, std::string_view bytes, std::size_t size,
-                    std::size_t& done) {
-  if (const std::error_code failure = write_all(file, bytes, done)) return failure;
-  return set_length(file, size);
+// Waits until the disk holds the text: some failures to write show only then.
+std::error_code store(const Descriptor& file) {
+  const std::error_code failure = finish([&] { return ::fdatasync(file.number()); });
+  const bool is_offered =
+      failure != std::errc::invalid_argument && failure != std::errc::function_not_supported;
+  return is_offered ? failure : std::error_code();
+}
+
+// The old bytes that were lost to new ones, as offsets.
+struct Range {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// Makes `text` the contents of a file that holds `old_bytes`. What they have in common at
+// the beginning stays untouched, and what goes beyond their end is written first: where no
+// room could be claimed, a full disk shows while they still stand.
+std::error_code replace(const Descriptor& file, std::string_view old_bytes,
+                        std::string_view text, Range& lost) {
+  const std::size_t shared = std::min(old_bytes.size(), text.size());
+  const auto difference = std::ranges::mismatch(old_bytes, text).in1 - old_bytes.begin();
+  lost.begin = lost.end = static_cast<std::size_t>(difference);
+  std::size_t end = 0;
+  if (const auto failure = write_at(file, text.substr(shared), shared, end)) return failure;
+  const std::string_view changed = text.substr(lost.begin, shared - lost.begin);
+  if (const auto failure = write_at(file, changed, lost.begin, lost.end)) return failure;
+  if (text.size() < old_bytes.size()) {
+    if (const auto failure = set_length(file, text.size())) return failure;
+    lost.end = old_bytes.size();
+  }
+  return store(file);
+}
+
+// Writes no more than was lost: a limit may forbid even that the same bytes are written.
+std::error_code put_back(const Descriptor& file, std::string_view old_bytes, Range lost) {
+  const std::string_view bytes = old_bytes.substr(lost.begin, lost.end - lost.begin);
+  if (const auto failure = write_at(file, bytes, lost.begin, lost.end)) return failure;
+  if (const auto failure = set_length(file, old_bytes.size())) return failure;
+  return store(file);
+}
+
+[[noreturn]] void give_up(const Descriptor& file, std::error_code failure,
+                          std::error_code second) {
+  if (!second) throw FileError(file.path(), failure);
+  throw FileError(
+      file.path(), failure,
+      failure.message() + "; putting the old text back failed too: " + second.message());
+}
+
+// Refuses a file at whose place or in whose bytes somebody else was at work.
+void require_alone(const Descriptor& file, const struct stat& status, std::string_view bytes,
+                   const std::string& expected) {
+  struct stat now {};
+  if (::stat(file.path().c_str(), &now) != 0 || ::lseek(file.number(), 0, SEEK_SET) != 0) {
+    throw FileError(file.path(), last_error());
+  }
+  const bool is_same = now.st_ino == status.st_ino && now.st_dev == status.st_dev;
+  if (is_same && rest_of(file, now) == bytes) return;
+  throw FileError(
+      file.path(), std::make_error_code(std::errc::device_or_resource_busy),
+      "expected " + expected + ", found another: some other program writes it too");
 }
 
 }  // namespace
 
 void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
              std::string_view text) {
-  const InterruptsHeld held;
-  Descriptor file(path, O_WRONLY);
+  const SignalsHeld held;
+  Descriptor file(path, O_RDWR | O_NONBLOCK);
+  const struct stat status = regular_status_of(file);
+  require_alone(file, status, old_bytes, "the text that was read before");
+  Range lost;
   std::error_code failure = claim_room(file, old_bytes.size(), text.size());
-  if (failure) {
-    set_length(file, old_bytes.size());  // gives back what was claimed beyond the end
-    throw FileError(path, failure);
-  }
-  std::size_t done = 0;
-  failure = put(file, text, text.size(), done);
-  if (!failure) failure = file.close();
-  if (!failure) return;
-  // What was not written over still stands, and a limit may forbid to write it again.
-  const std::error_code lost =
-      put(Descriptor(path, O_WRONLY), old_bytes.substr(0, done), old_bytes.size(), done);
-  if (!lost) throw FileError(path, failure);
-  throw FileError(
-      path, failure,
-      failure.message() + "; putting the old text back failed too: " + lost.message());
+  if (!failure) failure = replace(file, old_bytes, text, lost);
+  if (failure) give_up(file, failure, put_back(file, old_bytes, lost));
+  require_alone(file, status, text, "the text that was written");
+  if ((failure = file.close())) throw FileError(path, failure);
 }
 
 }  // namespace registry_docs::repository

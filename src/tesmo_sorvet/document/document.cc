@@ -9,6 +9,7 @@
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/document/events.h"
 #include "tesmo_sorvet/document/refusal.h"
+#include "tesmo_sorvet/excerpt.h"
 #include "tesmo_sorvet/registry_error.h"
 
 namespace tesmo_sorvet {
@@ -65,7 +66,7 @@ std::string Document::place_of(const Token& token) const {
     };
     for (; end_of(child) <= &token; ++index) child = end_of(child);
     if (is_object) {
-      place += (place.empty() ? "" : ".") + std::string(child->text());
+      place += (place.empty() ? "" : ".") + excerpt(child->text());
     } else {
       place += "[" + std::to_string(index) + "]";
     }

@@ -5,6 +5,7 @@
 
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/document/number.h"
+#include "tesmo_sorvet/excerpt.h"
 
 namespace tesmo_sorvet {
 namespace {
@@ -106,8 +107,8 @@ bool Events::require_distinct_names(std::size_t object) {
     if (again == nullptr || names_[i].data() < again->data()) again = &names_[i];
   }
   if (again == nullptr) return true;
-  return refuse(offset_of(*again), "expected each member once, found \"" +
-                                       std::string(*again) + "\" a second time");
+  return refuse(offset_of(*again),
+                "expected each member once, found " + in_quotes(*again) + " a second time");
 }
 
 bool Events::refuse(std::size_t offset, std::string message) {

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdint>
 
+#include "tesmo_sorvet/excerpt.h"
+
 namespace tesmo_sorvet {
 namespace {
 
@@ -41,7 +43,7 @@ std::string number_refusal(std::string_view number) {
   return std::string("expected ") +
          (is_integer ? "an integer from -2^63 to 2^64 - 1"
                      : "a number that a double can hold") +
-         ", found " + std::string(number);
+         ", found " + excerpt(number);
 }
 
 std::optional<registry_docs::Value> integer_value(std::string_view number) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "registry_docs/text.h"
+#include "tesmo_sorvet/excerpt.h"
 #include "tesmo_sorvet/registry_error.h"
 
 namespace tesmo_sorvet {
@@ -132,7 +133,7 @@ void Source::skip_to_next(char c) {
 void Source::refuse(const std::string& expected) const {
   if (at_end()) refuse(expected, "the end of the file");
   const std::string_view line = rest().substr(0, rest().find('\n'));
-  refuse(expected, line.empty() ? "the end of the line" : "'" + std::string(line) + "'");
+  refuse(expected, line.empty() ? "the end of the line" : in_quotes(line, '\''));
 }
 
 void Source::refuse(const std::string& expected, const std::string& found) const {
