@@ -19,9 +19,12 @@ std::string with_bodies(std::string_view text, std::span<const Block> found, Bod
   const char* copied = text.data();
   for (const Block& block : found) {
     result.append(copied, block.body.data());
-    result += body(block);
-    result += '\n';
+    const std::string new_body = body(block);
     copied = block.close.data();
+    const auto behind = static_cast<std::size_t>(text.data() + text.size() - copied);
+    result.reserve(result.size() + new_body.size() + 1 + behind);
+    result += new_body;
+    result += '\n';
   }
   result.append(copied, text.data() + text.size());
   return result;

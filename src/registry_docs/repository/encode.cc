@@ -6,16 +6,18 @@ namespace registry_docs::repository {
 namespace {
 
 // The text with every `character` in it written twice.
-std::string doubled(std::string_view text, char character) {
+std::string doubled(std::string text, char character) {
+  std::size_t at = text.find(character);
+  if (at == std::string::npos) return text;
   std::string result;
   result.reserve(text.size() + text.size() / 16);
-  for (std::size_t at = text.find(character); at != std::string_view::npos;
-       at = text.find(character)) {
-    result += text.substr(0, at + 1);
+  std::string_view rest = text;
+  for (; at != std::string_view::npos; at = rest.find(character)) {
+    result += rest.substr(0, at + 1);
     result += character;
-    text.remove_prefix(at + 1);
+    rest.remove_prefix(at + 1);
   }
-  return result += text;
+  return result += rest;
 }
 
 }  // namespace
