@@ -4,6 +4,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # What the program is built from.
 build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev rapidjson-dev)
+# What the tests need besides.
+test_packages=(libgtest-dev libpcre2-dev python3)
 
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
