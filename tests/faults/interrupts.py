@@ -1,0 +1,62 @@
+"""Interrupts writes at random moments, and looks at what became of the files."""
+
+import collections
+import os
+import random
+import signal
+import subprocess
+import tempfile
+import time
+
+from stale import Copy
+
+SEED, RUNS, KILLS = 20, 1200, 200
+KINDS = ("grows", "shrinks", "stays as long", "grows", "shrinks")
+END = b"# Text that is written by hand.\n" * 16384  # half a MiB behind the blocks of each file
+INTERRUPTS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
+ROOM = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+TABLE, CHANCE = collections.Counter(), random.Random(SEED)
+
+
+def ended(copy, number=0, delay=0.0):
+    """A write that is sent the signal: how long it ran, how it ended, how each file stands."""
+    copy.renew()
+    start = time.perf_counter()
+    with subprocess.Popen([*copy.command, "--write"], stdout=subprocess.DEVNULL) as write:
+        time.sleep(delay)
+        write.send_signal(number)
+    return time.perf_counter() - start, write.returncode, [
+        "old" if now == old else "new" if now == new else "TORN"
+        for old, new, now in zip(copy.old, copy.new, copy.bytes())]
+
+
+def interrupt(copy, number, delay):
+    """Counts when the interrupt came, as the files show it."""
+    _, status, files = ended(copy, number, delay)
+    news, what = files.count("new"), f"{number.name} after {delay:.6f} s: "
+    when = "before" if news == 0 else "in" if news < len(files) else "after"
+    TABLE[number.name, f"{when} the writing" if status else "too late"] += 1
+    assert files == ["new"] * news + ["old"] * (len(files) - news), what + str(files)
+    assert status == -number or (status, news) == (0, len(files)), what + str(status)
+    copy.expect_mended_by_a_write()
+
+
+def kill(copy, delay):
+    """Counts what cannot be held off, and is no failure."""
+    files = ended(copy, signal.SIGKILL, delay)[2]
+    torn = [f"tore a file that {kind}" for kind, file in zip(KINDS, files) if file == "TORN"]
+    TABLE["SIGKILL", *(torn or ["tore no file"])] += 1
+
+
+for interruption in INTERRUPTS:
+    signal.signal(interruption, signal.SIG_DFL)  # a shell may have had it ignored
+with tempfile.TemporaryDirectory(dir=ROOM) as place:
+    repository = Copy(place, KINDS, END)
+    usual = sorted(ended(repository)[0] for _ in range(21))[10]
+    print(f"seed {SEED}: {RUNS} writes are interrupted, at random within {usual * 1000:.1f} ms")
+    for run in range(RUNS):
+        interrupt(repository, INTERRUPTS[run % 3], CHANCE.uniform(0, usual))
+    for run in range(KILLS):
+        kill(repository, CHANCE.uniform(0, usual))
+for row, times in sorted(TABLE.items()):
+    print("{:8}{:5}  {}".format(row[0], times, row[1]))
