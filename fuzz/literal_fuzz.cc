@@ -16,7 +16,7 @@ std::string spelled(std::string_view character, std::int32_t value, std::string_
   const bool is_special = value == '\\' || value == quotes[0];
   const bool is_plain = !is_special && value != '\r' && (value != '\n' || quotes.size() == 3);
   if (way % 3 == 0 && is_plain) return std::string(character);
-  if (way % 3 == 1 && is_special) return "\\\n\\" + std::string(character);
+  if (way % 3 == 1 && is_special) return {'\\', '\n', '\\', character[0]};
   const char* format = value < 0x100 ? "\\x%02x" : value < 0x10000 ? "\\u%04X" : "\\U%08x";
   if (way % 5 == 0 && value < 01000) format = "\\%03o";
   std::array<char, 11> escape{};
@@ -29,7 +29,7 @@ std::string spelled(std::string_view character, std::int32_t value, std::string_
 void run(std::string_view input) {
   if (input.empty() || find_ill_formed(input)) return;
   const auto choice = static_cast<unsigned char>(input[0]);
-  const std::string quotes = std::array{"\"", "'", "\"\"\"", "'''"}.at(choice % 4);
+  const std::string quotes = std::array{R"(")", "'", R"(""")", "'''"}.at(choice % 4);
   std::string source = "X = '1'\nTESMO_INSTRUCTION_CONTENT: str = " + quotes;
   for (std::size_t at = 0; at < input.size();) {
     const auto [value, size] = text::code_point_at(input, at);

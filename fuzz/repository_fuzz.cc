@@ -16,12 +16,11 @@ void run(std::string_view input) try {
   if (find_ill_formed(input)) return;
   const support::TemporaryDirectory directory;
   const std::filesystem::path root = directory.path();
-  const std::string registry = root / tesmo_sorvet::registry_path;
   std::istringstream parts{std::string(input)};
-  support::write_file(registry, next_part(parts));
+  support::write_file(root / tesmo_sorvet::registry_path, next_part(parts));
   support::write_file(root / "src/tesmo_sorvet/setup/config.py",
                       "TESMO_INSTRUCTION_CONTENT = '''" + next_part(parts) + "'''");
-  const Host host = tesmo_sorvet::bind_host(root, registry);
+  const Host host = tesmo_sorvet::bind_host(root);
   const auto files = generated_files(host);
   support::lay_out(host, root);
   std::vector<std::string> old_texts;
@@ -30,34 +29,32 @@ void run(std::string_view input) try {
     support::write_file(root / file.path, old_texts.back());
   }
 
-  std::size_t stale = 0;
+  std::vector<std::string> stale;
   std::vector<std::string> written;
   bool is_refused = true;
   try {
-    stale = stale_blocks(host, root).size();
+    stale = stale_blocks(host, root);
     written = write_blocks(host, root);
     is_refused = false;
   } catch (const ValueError&) {
   } catch (const MissingKeyError&) {
   }
-  // A text that holds a marker makes other blocks; a carriage return becomes a line feed.
-  bool is_settled = !is_refused;
+  std::string blocks;
   for (std::size_t i = 0; i < files.size(); ++i) {
-    const std::string text = support::read_file(root / files[i].path);
     const std::string old_text = text::with_line_feeds(old_texts[i]);
     const std::string rendered = is_refused ? old_text : render_file(old_text, files[i]);
+    const std::string text = support::read_file(root / files[i].path);
     const bool is_written = std::ranges::count(written, files[i].path) == 1;
     require(is_written == (rendered != old_text), "a write of what differs", text);
     require(text == (is_written ? rendered : old_texts[i]), "the right text", text);
-    for (const auto& [name, renderer] : files[i].blocks) {
-      if (!is_settled) break;
-      const std::string block = renderer();
-      is_settled = !find_marker(block, 0) && block.find('\r') == std::string::npos;
-    }
+    for (const auto& block : files[i].blocks) blocks += is_refused ? "" : block.second();
   }
-  require(is_refused || stale == written.size(), "a check that agrees", std::to_string(stale));
-  require(!is_settled || stale_blocks(host, root).empty(), "a clean check", "");
-  require(!is_settled || write_blocks(host, root).empty(), "nothing left to write", "");
+  if (is_refused) return;
+  require(stale.size() == written.size(), "a check that agrees", "");
+  // A marker in a block makes another one; a carriage return is read as a line feed.
+  if (find_marker(blocks, 0) || blocks.find('\r') != std::string::npos) return;
+  require(stale_blocks(host, root).empty(), "a clean check", "");
+  require(write_blocks(host, root).empty(), "nothing left to write", "");
 } catch (const tesmo_sorvet::RegistryError&) {
   return;  // there is no host
 }

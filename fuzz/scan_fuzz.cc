@@ -24,7 +24,7 @@ Places match(const pcre2_code* expression, std::string_view text, std::size_t fr
                                 text.size(), from, 0, data, nullptr);
   require(count > 0 || count == PCRE2_ERROR_NOMATCH, "an answer", std::to_string(count));
   const PCRE2_SIZE* const begin = pcre2_get_ovector_pointer(data);
-  return count > 0 ? Places(begin + 2, begin + std::size_t{2} * count) : Places();
+  return count > 0 ? Places(begin + 2, begin + std::ptrdiff_t{2} * count) : Places();
 }
 
 }  // namespace
