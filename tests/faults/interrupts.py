@@ -10,7 +10,7 @@ import time
 
 from stale import Copy
 
-SEED, RUNS, KILLS = 20, 1200, 200
+SEED, RUNS, KILLS = 20, 2000, 200
 KINDS = ("grows", "shrinks", "stays as long", "grows", "shrinks")
 END = b"# Text that is written by hand.\n" * 16384  # half a MiB behind the blocks of each file
 INTERRUPTS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
