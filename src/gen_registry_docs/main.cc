@@ -1,6 +1,7 @@
 // gen_registry_docs: makes every list of a tool server's tools from its registry.
 #include <csignal>
 #include <exception>
+#include <new>
 
 #include "gen_registry_docs/run.h"
 
@@ -10,8 +11,10 @@ int main(int argc, char** argv) {
   try {
     const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
     return gen_registry_docs::run(options);
+  } catch (const std::bad_alloc&) {
+    gen_registry_docs::print_error("gen_registry_docs: expected more memory, found none left");
   } catch (const std::exception& error) {
     gen_registry_docs::print_error(error.what());
-    return 2;
   }
+  return 2;
 }

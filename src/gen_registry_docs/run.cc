@@ -18,7 +18,9 @@ namespace fs = std::filesystem;
 
 // The nearest directory, from the current one upward, that holds a registry file.
 fs::path find_root() {
-  const fs::path start = fs::current_path();
+  std::error_code failure;
+  const fs::path start = fs::current_path(failure);
+  if (failure) throw registry_docs::FileError("the current directory", failure);
   for (fs::path directory = start;; directory = directory.parent_path()) {
     if (::access((directory / tesmo_sorvet::registry_path).c_str(), F_OK) == 0) {
       return directory;

@@ -175,6 +175,8 @@ class Driver(unittest.TestCase):
         message = ("/: expected src/tesmo_sorvet/tool_registry.json here or in a directory above, "
                    "found none; name the repository with --root DIR\n")
         self.expect(2, "", message, "/", "--check")
+        self.expect(2, "", f"the current directory: {NO_FILE}\n", self.directory, "--check",
+                    preexec_fn=lambda: (os.mkdir("x"), os.chdir("x"), os.rmdir("../x")))
 
     def test_root_and_registry(self):
         registry = self.root / REGISTRY

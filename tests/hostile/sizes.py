@@ -89,6 +89,12 @@ def measure(path, root, text, size, is_right):
     return size, seconds, memory, seconds / reading
 
 
+def expect_refusal_without_memory(root):
+    (root / REGISTRY).write_text(tool(description="a|b " * 9_999_999), encoding="utf-8")
+    said, _, _ = run(["prlimit", "--as=99999999", PROGRAM, "--write", "--root", str(root)])
+    assert said == "gen_registry_docs: expected more memory, found none left\n", said
+
+
 def main():
     failures = 0
     print(f"{'':30}{'bytes':>12}{'growth':>8}{'memory':>8}{'time / cksum':>14}")
@@ -105,6 +111,7 @@ def main():
             failures += failed
             print(f"{name:30}{size:12}{growth:8.1f}{memory / size:8.1f}{ratio:14.1f}"
                   + "  FAILED" * failed)
+        expect_refusal_without_memory(root)
     sys.exit(failures != 0)
 
 
