@@ -60,3 +60,4 @@ with tempfile.TemporaryDirectory(dir=ROOM) as place:
         kill(repository, CHANCE.uniform(0, usual))
 for row, times in sorted(TABLE.items()):
     print("{:8}{:5}  {}".format(row[0], times, row[1]))
+assert all(TABLE[number.name, "in the writing"] for number in INTERRUPTS), "none came in time"
