@@ -49,7 +49,8 @@ def kill(copy, delay):
 
 
 for interruption in INTERRUPTS:
-    signal.signal(interruption, signal.SIG_DFL)  # a shell may have had it ignored
+    # A shell may have had it ignored, and what has a handler here has none in the program.
+    signal.signal(interruption, signal.default_int_handler)
 with tempfile.TemporaryDirectory(dir=ROOM) as place:
     repository = Copy(place, KINDS, END)
     usual = sorted(ended(repository)[0] for _ in range(21))[10]
