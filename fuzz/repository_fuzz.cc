@@ -7,6 +7,7 @@
 #include "registry_docs/text/line_endings.h"
 #include "support/awkward_host.h"
 #include "support/temporary_directory.h"
+#include "support/text.h"
 #include "tesmo_sorvet/host.h"
 #include "tesmo_sorvet/registry_error.h"
 
@@ -53,6 +54,11 @@ void run(std::string_view input) try {
   require(stale.size() == written.size(), "a check that agrees", "");
   // A marker in a block makes another one; a carriage return is read as a line feed.
   if (find_marker(blocks, 0) || blocks.find('\r') != std::string::npos) return;
+  for (const GeneratedFile& file : files) {
+    const std::string text = support::read_file(root / file.path);
+    require(text.find('\r') == std::string::npos, "line feeds alone", text);
+    support::write_file(root / file.path, support::replaced(text, "\n", "\r\n"));
+  }
   require(stale_blocks(host, root).empty(), "a clean check", "");
   require(write_blocks(host, root).empty(), "nothing left to write", "");
 } catch (const tesmo_sorvet::RegistryError&) {
