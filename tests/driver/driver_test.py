@@ -11,6 +11,7 @@ import tempfile
 import unittest
 
 EXAMPLE = pathlib.Path(os.environ["EXAMPLE"])
+IS_ROOT, USER = os.geteuid() == 0, 65534  # and an ordinary user's number
 SKILL, CONFIG, GUIDE, README, MCP = FILES = (
     "src/tesmo_sorvet/setup/skill_text.py", "src/tesmo_sorvet/setup/config.py",
     "docs/claude-instructions-template.md", "README.md", "docs/mcp-tools.md")
@@ -87,12 +88,15 @@ class Driver(unittest.TestCase):
         self.renew(STALE)
 
     def renew(self, *changes):
-        """Makes the copy anew, README.md as a link to a file elsewhere, and changes it."""
+        """Makes the copy anew, with links and another owner in it, and changes it."""
         shutil.rmtree(self.root, ignore_errors=True)
         shutil.copytree(EXAMPLE, self.root)
         shutil.move(self.root / README, self.directory / "elsewhere")
         (self.root / README).symlink_to(self.directory / "elsewhere")
+        os.link(self.root / SKILL, self.root / "another name")
         (self.root / CONFIG).chmod(0o640)
+        if IS_ROOT:
+            os.chown(self.root / CONFIG, USER, USER)
         for file, old, new in changes:
             text = (self.root / file).read_bytes().decode()
             self.assertIn(old, text)
@@ -107,8 +111,9 @@ class Driver(unittest.TestCase):
     def state(self, file):
         """What stays of a file in every write, and then what stays where none is due."""
         path = self.root / file
-        lasting = (path.stat().st_ino, path.stat().st_mode, path.is_symlink())
-        return lasting, (path.read_bytes(), path.stat().st_mtime_ns)
+        now = path.stat()
+        lasting = (now.st_ino, now.st_mode, now.st_uid, now.st_gid, now.st_nlink)
+        return (*lasting, path.is_symlink()), (path.read_bytes(), now.st_mtime_ns)
 
     def test_check_and_write(self):
         for name, (changes, lines, written) in CHANGES.items():
@@ -157,13 +162,21 @@ class Driver(unittest.TestCase):
         self.expect(2, "", message, self.root, "--check", "--registry", name)
         self.expect(2, "", "'\\xff\\x0d': expected an option, see --help\n", "/", b"\xff\r")
 
-    @unittest.skipIf(os.geteuid() == 0, "root may write to it")
-    def test_read_only_file(self):
+    def test_what_is_read_only(self):
         self.renew(STALE_CONFIG, STALE)
+        user = {}
+        if IS_ROOT:  # who may write to anything: an ordinary user is to run the program
+            program = shutil.copy(os.environ["PROGRAM"], self.directory)
+            user = {"executable": program, "user": USER}
+            for path in self.directory, *self.directory.rglob("*"):
+                os.chown(path, USER, USER)
         (self.root / README).chmod(0o444)
         message = "./README.md: Permission denied\n"
-        self.expect(2, "", message, self.root, "--write", "--root=.")
-        self.expect(1, README_LINE, "", self.root, "--check")
+        self.expect(2, "", message, self.root, "--write", "--root=.", **user)
+        self.expect(1, README_LINE, "", self.root, "--check", **user)
+        (self.root / README).chmod(0o644)
+        self.directory.chmod(0o555)  # the file itself is what is written
+        self.expect(0, "README.md\n", "", self.root, "--write", **user)
 
     def test_command_line(self):
         for arguments, message in REFUSED.items():
