@@ -4,6 +4,7 @@ import itertools
 import os
 import pathlib
 import pty
+import resource
 import shutil
 import socket
 import subprocess
@@ -109,11 +110,11 @@ class Driver(unittest.TestCase):
                          (status, output.encode(), errors.encode()))
 
     def state(self, file):
-        """What stays of a file in every write, and then what stays where none is due."""
+        """What stays of a file in every write, its bytes, and when they were written."""
         path = self.root / file
         now = path.stat()
         lasting = (now.st_ino, now.st_mode, now.st_uid, now.st_gid, now.st_nlink)
-        return (*lasting, path.is_symlink()), (path.read_bytes(), now.st_mtime_ns)
+        return (*lasting, path.is_symlink()), path.read_bytes(), now.st_mtime_ns
 
     def test_check_and_write(self):
         for name, (changes, lines, written) in CHANGES.items():
@@ -131,7 +132,7 @@ class Driver(unittest.TestCase):
                         continue
                     mark = b"\xef\xbb\xbf" if MARK in changes else b""
                     expected = (old[0], mark + (EXAMPLE / file).read_bytes())
-                    self.assertEqual((self.state(file)[0], self.state(file)[1][0]), expected)
+                    self.assertEqual(self.state(file)[:2], expected)
 
     def test_files_that_cannot_be_read(self):
         for file, (message, put) in itertools.product((README, CONFIG, REGISTRY), ODD.items()):
@@ -177,6 +178,14 @@ class Driver(unittest.TestCase):
         (self.root / README).chmod(0o644)
         self.directory.chmod(0o555)  # the file itself is what is written
         self.expect(0, "README.md\n", "", self.root, "--write", **user)
+
+    def test_write_that_fails_half_way(self):
+        self.renew((README, "14 tools", "x" * 70000))
+        before, most = self.state(README), len((EXAMPLE / README).read_bytes()) - 1
+        message = f"{self.root}/README.md: File too large\n"
+        self.expect(2, "", message, "/", "--write", "--root", self.root,
+                    preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (most, most)))
+        self.assertEqual(self.state(README)[:2], before[:2])
 
     def test_command_line(self):
         for arguments, message in REFUSED.items():

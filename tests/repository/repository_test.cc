@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <algorithm>
-#include <csignal>
 
 #include "registry_docs/registry_docs.h"
 #include "support/awkward_host.h"
@@ -117,24 +115,6 @@ TEST_F(Repository, ReportsATextThatDiffersThoughNoBlockDoes) {
   support::write_file(root / paths[1], markers("[rules-routes]\n1\n[/rules-routes]"));
   host.rules_table = [] { return markers("1\n[/rules-routes][rules-routes]\n1"); };
   EXPECT_EQ(stale_blocks(host, root).front(), paths[1] + stale);
-}
-
-TEST_F(Repository, KeepsTheOldTextOfAFileThatCannotBeWritten) {
-  const std::string old_text = read_file(root / paths[1]);
-  write_blocks(host, root);
-  support::write_file(root / paths[1], old_text);
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit limit{};
-  ::getrlimit(RLIMIT_FSIZE, &limit);
-  // No file may be longer than this, which ends the write half-way.
-  for (const rlim_t most : {old_text.size() / 2, old_text.size() + 1}) {
-    const rlimit tight{most, limit.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const std::string message = message_of<FileError>([this] { write_blocks(host, root); });
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(message, (root / paths[1]).string() + ": File too large");
-    EXPECT_EQ(read_file(root / paths[1]), old_text);
-  }
 }
 
 }  // namespace
