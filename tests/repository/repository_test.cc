@@ -57,15 +57,6 @@ TEST(GeneratedFiles, IsMadeAnewFromTheRegistry) {
   EXPECT_EQ(before[4].blocks[0].second(), mcp_intro_block(support::empty_host()));
 }
 
-TEST(GeneratedFiles, EncodesForTheFileThatHoldsTheBlock) {
-  const Host host = support::empty_host();
-  const std::vector<GeneratedFile> files = generated_files(host);
-  const std::string text = "a\\b {name} \\{x} \\| {{}\n\\\\'\"$1";
-  EXPECT_EQ(files[0].encode(text), "a\\\\b {{name}} \\\\{{x}} \\\\| {{{{}}\n\\\\\\\\'\"$1");
-  EXPECT_EQ(files[1].encode(text), "a\\\\b {name} \\\\{x} \\\\| {{}\n\\\\\\\\'\"$1");
-  for (std::size_t i = 2; i < files.size(); ++i) EXPECT_EQ(files[i].encode(text), text);
-}
-
 // A repository of the awkward host, its blocks still empty.
 class Repository : public ::testing::Test {
  protected:
