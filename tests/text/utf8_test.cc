@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "registry_docs/text.h"
 
 namespace registry_docs {
@@ -14,28 +16,12 @@ TEST(FindIllFormed, NamesTheFirstByteOfTheFirstIllFormedSequence) {
     EXPECT_EQ(find_ill_formed(text), std::nullopt) << text;
   }
   constexpr std::size_t most_around = 40;  // longer than what is read at a time
-  for (const std::string sequence : {"\xFF",
-                                     "\xFE",
-                                     "\x80",
-                                     "\xBF",
-                                     "\xC0\x80",
-                                     "\xC1\xBF",
-                                     "\xE0\x80\x80",
-                                     "\xE0\x9F\xBF",
-                                     "\xF0\x80\x80\x80",
-                                     "\xF0\x8F\xBF\xBF",
-                                     "\xED\xA0\x80",
-                                     "\xED\xBF\xBF",
-                                     "\xF4\x90\x80\x80",
-                                     "\xF5\x80\x80\x80",
-                                     "\xF8\x88\x80\x80\x80",
-                                     "\xFC\x84\x80\x80\x80\x80",
-                                     "\xC3",
-                                     "\xE2\x82",
-                                     "\xF0\x9F",
-                                     "\xF0\x9F\x98",
-                                     "\xC3\xC3\xA9",
-                                     "\xE2\x82\xE2\x82\xAC"}) {
+  std::istringstream sequences(
+      "\xFF \xFE \x80 \xBF \xC0\x80 \xC1\xBF \xE0\x80\x80 \xE0\x9F\xBF "
+      "\xF0\x80\x80\x80 \xF0\x8F\xBF\xBF \xED\xA0\x80 \xED\xBF\xBF \xF4\x90\x80\x80 "
+      "\xF5\x80\x80\x80 \xF8\x88\x80\x80\x80 \xFC\x84\x80\x80\x80\x80 \xC3 \xE2\x82 "
+      "\xF0\x9F \xF0\x9F\x98 \xC3\xC3\xA9 \xE2\x82\xE2\x82\xAC");
+  for (std::string sequence; sequences >> sequence;) {
     for (const std::string before : {"", "é", "\U0010FFFF"}) {
       for (std::size_t i = 0; i < most_around * most_around; ++i) {
         const std::string start = before + std::string(i / most_around, 'a');
