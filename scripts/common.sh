@@ -6,6 +6,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev rapidjson-dev)
 # What the tests need besides.
 test_packages=(libgtest-dev libpcre2-dev python3)
+# What the benchmarks need besides.
+bench_packages=(libbenchmark-dev libpcre2-dev)
 
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi

@@ -1,0 +1,136 @@
+#!/usr/bin/env python3
+"""Prints docs/performance.md from what was measured, and writes what its plot is drawn from.
+
+usage: report.py SUITES.json PROCESSES.json GROWTH.dat
+"""
+
+import json
+import math
+import pathlib
+import platform
+import re
+import statistics
+import subprocess
+import sys
+from collections import defaultdict
+
+HEAD = """# Performance
+
+`scripts/bench` wrote this file and the plot; no figure in it was typed by hand. It measured on
+{machine}.
+
+Every figure is the ratio of two times, of what stands first to what stands beside it, both
+taken in every round of one run, in random order: the median of the rounds, and the range from
+their tenth to their ninetieth percentile. Whole processes are timed by the clock, everything
+else in processor time. Beside a size, the figure is the exponent with which the time grows: 1
+is linear, 2 quadratic.
+
+| what | beside | target | measured | range | met |
+| --- | --- | --- | --- | --- | --- |
+"""
+FOOT = """
+![Time by size](performance.svg)
+"""
+
+
+class Measured:
+    """Times by benchmark and size, one for each round, and by process."""
+
+    def __init__(self, suites, processes):
+        self.suites = defaultdict(lambda: defaultdict(list))
+        for run in suites["benchmarks"]:
+            if run["run_type"] == "iteration":
+                name, _, size = run["run_name"].rpartition("/")
+                self.suites[name][int(size)].append(run["cpu_time"])  # in nanoseconds
+        self.suites = {name: dict(sorted(self.suites[name].items()))
+                       for name in sorted(self.suites)}
+        self.processes = processes["rounds"]
+        self.memory = processes["memory per byte"]
+
+    def process_ratio(self, ours, peer):
+        return [times[ours] / times[peer] for times in self.processes]
+
+    def ratio(self, ours, peer, size):
+        pairs = zip(self.suites[ours][size], self.suites[peer][size], strict=True)
+        return [one / other for one, other in pairs]
+
+    def growth(self, name):
+        sizes = [math.log(size) for size in self.suites[name]]
+        rounds = zip(*self.suites[name].values(), strict=True)
+        return [statistics.linear_regression(sizes, list(map(math.log, times))).slope
+                for times in rounds]
+
+
+def rows(measured):
+    """What is measured, the peer, the target ("<" or ">", and a limit) if any, the figures."""
+    process, ratio, growth = measured.process_ratio, measured.ratio, measured.growth
+    example, whole = "`--check` of the example, whole process", 100_000_000
+    yield example, "a C program that reads its files", "<1.3", process("check", "read")
+    yield "`cat` of those files", "the same", None, process("cat", "read")
+    yield "python3 with `re` on those files", example, ">12", process("regex", "check")
+    yield "`--write` with nothing to change", example, "<1.5", process("write", "check")
+    yield ("PCRE2 (JIT), 100 MB with 100,000 blocks", "the scan", ">10",
+           ratio("pcre2/blocks", "scan/blocks", whole))
+    for text, limit in {"blocks": 3, "prose": 1.15, "html": 20}.items():
+        yield (f"scan of 100 MB of {text}", "`memchr`", f"<{limit}",
+               ratio(f"scan/{text}", f"memchr/{text}", whole))
+    for name in measured.suites:
+        if name.startswith("scan/") and len(measured.suites[name]) > 1:
+            what = name.removeprefix("scan/").replace("_", " ")
+            yield f"scan of {what}", "its size", "<1.1", growth(name)
+    for size in measured.suites["check"]:
+        yield (f"check of {size:,} tools", "RapidJSON alone, and reading", "<3",
+               ratio("check", "read_and_parse", size))
+    yield "check of 1,000 to 100,000 tools", "its tools", "<1.1", growth("check")
+    yield ("peak memory of a check of 100,000 tools", "the bytes of its files", "<4",
+           [measured.memory])
+    for text in ("ascii", "prose", "no_ascii"):
+        yield (f"UTF-8 validation, {text.replace('_', ' ')}", "utf8proc alone", None,
+               ratio(f"utf8/find_ill_formed/{text}", f"utf8/utf8proc/{text}", 1_000_000))
+    yield ("reading a registry of 10,000 tools", "RapidJSON alone", None,
+           ratio("registry/document", "registry/rapidjson", 10_000))
+    yield ("spelling of 10,000 doubles", "std::to_chars", None,
+           ratio("value/list", "value/to_chars", 10_000))
+    for name in measured.suites:
+        if name.startswith("render/") and not name.startswith("render/params"):
+            yield f"rendering of `{name.removeprefix('render/')}`", "its tools", None, growth(name)
+
+
+def line(what, beside, target, figures):
+    median = statistics.median(figures)
+    limits = statistics.quantiles(figures, n=10, method="inclusive") if len(figures) > 1 else [median]
+    met, said = "", ""
+    if target:
+        limit = float(target[1:])
+        met = "yes" if (median <= limit if target[0] == "<" else median >= limit) else "**no**"
+        said = target.replace("<", "at most ").replace(">", "at least ")
+    spread = f"{limits[0]:.2f} to {limits[-1]:.2f}"
+    return f"| {what} | {beside} | {said} | {median:.2f} | {spread} | {met} |"
+
+
+def machine():
+    processor = re.search("model name\\s*: (.*)", pathlib.Path("/proc/cpuinfo").read_text())[1]
+    compiler = subprocess.run(["c++", "--version"], check=True, capture_output=True, text=True)
+    return f"{processor}, Linux {platform.release()},\n{compiler.stdout.splitlines()[0]}"
+
+
+def growth_data(measured):
+    """Size and median time in seconds of each benchmark, as gnuplot reads them by name."""
+    for name, times in measured.suites.items():
+        yield f"# {name}"
+        yield from (f"{size} {statistics.median(times[size]) / 1e9}" for size in times)
+        yield "\n"
+
+
+def main():
+    suites, processes, growth = map(pathlib.Path, sys.argv[1:])
+    measured = Measured(json.loads(suites.read_text()), json.loads(processes.read_text()))
+    growth.write_text("\n".join(growth_data(measured)))
+    print(HEAD.format(machine=machine()), end="")
+    for row in rows(measured):
+        print(line(*row))
+    print(FOOT, end="")
+
+
+if __name__ == "__main__":
+    main()
