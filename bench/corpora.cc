@@ -103,8 +103,9 @@ std::string reference(const Host& host) {
     text += opening(name) + closing(name) + "\n";
   }
   for (const auto& tool : host.TOOLS) {
-    const std::string name = "params:" + tool->name;
-    text += "### " + tool->name + "\n\n" + opening(name) + closing(name) + "\n";
+    const std::string name(tool->name);
+    text +=
+        "### " + name + "\n\n" + opening("params:" + name) + closing("params:" + name) + "\n";
   }
   return text;
 }

@@ -3,6 +3,8 @@
 #ifndef REGISTRY_DOCS_MARKDOWN_H
 #define REGISTRY_DOCS_MARKDOWN_H
 
+#include <concepts>
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -29,11 +31,14 @@ std::string value(const Value& value);
 //     Table table({"Tool", "Purpose"});
 //     table.row().code(tool.name).cell(tool.summary);
 //
+// A cell may also be given as an operation that appends it to the table's text and changes
+// nothing that stands there.
+//
 // Rows are not compared with the header: each has the cells that it is given.
 class Table {
  public:
-  // The header row, and the rule row with one "---" for each title.
-  explicit Table(std::initializer_list<std::string_view> header);
+  // The header row, and the rule row with one "---" for each title, below the text `above`.
+  explicit Table(std::initializer_list<std::string_view> header, std::string above = {});
 
   // Begins a row; the cells that follow are its own.
   Table& row();
@@ -42,13 +47,28 @@ class Table {
   Table& plain(std::string_view text);
   Table& code(std::string_view text);
   Table& cell(std::string_view text);
+  template <std::invocable<std::string&> Append>
+  Table& plain(Append append) {
+    begin_cell();
+    append(text_);
+    return end_cell();
+  }
+  template <std::invocable<std::string&> Append>
+  Table& cell(Append append) {
+    const std::size_t begin = begin_cell();
+    append(text_);
+    make_safe(begin);
+    return end_cell();
+  }
 
-  // The lines so far, a line feed between every two and none at the end.
+  // What stood above and the lines so far, with no line feed at the end.
   [[nodiscard]] const std::string& text() const& { return text_; }
   [[nodiscard]] std::string text() && { return std::move(text_); }
 
  private:
-  void end_cell();
+  std::size_t begin_cell();  // returns where the cell's text begins
+  void make_safe(std::size_t begin);
+  Table& end_cell();
 
   std::string text_;
 };

@@ -44,25 +44,38 @@ Document registry_document(const std::filesystem::path& root,
   return {path.string(), registry_docs::read_bytes(path, FileKind::regular)};
 }
 
+// What the registry declares. The host's records lie in here, and borrow from the document.
+struct Declarations {
+  Declarations(const std::filesystem::path& root, const std::optional<std::string>& registry)
+      : document(registry_document(root, registry)) {}
+
+  const Document document;
+  const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
+  const Tools tools = tesmo_sorvet::tools(Node(document), tiers);
+  const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
+};
+
 }  // namespace
 
 registry_docs::Host bind_host(const std::filesystem::path& root,
                               const std::optional<std::string>& registry) {
-  const Document document = registry_document(root, registry);
-  const Node declared(document);
-  registry_docs::Host host{.TIERS = tiers(declared)};
-  host.TOOLS = tools(declared, host.TIERS);
-  const auto schemas_by_name = std::make_shared<const Schemas>(schemas(declared));
-  host.get_cli_schema = [schemas_by_name](std::string_view name) {
-    return schemas_by_name->at(std::string(name));
+  const auto declared = std::make_shared<const Declarations>(root, registry);
+  registry_docs::Host host{.TIERS = declared->tiers};
+  host.TOOLS.reserve(declared->tools.in_order.size());
+  for (const Tool& tool : declared->tools.in_order) {
+    host.TOOLS.emplace_back(declared, &tool.spec);
+  }
+  host.get_cli_schema = [declared](std::string_view name) {
+    const Tools& tools = declared->tools;
+    return std::shared_ptr<const registry_docs::InputSchema>(
+        declared, &tools.in_order.at(tools.places.at(name)).schema);
   };
   host.snake_to_kebab = snake_to_kebab;
-  const auto shared_routes = std::make_shared<const std::vector<Route>>(routes(declared));
-  host.rules_table = [shared_routes] { return rules_table(*shared_routes); };
-  host.skill_table = [shared_routes](const registry_docs::Facts& facts) {
-    return skill_table(*shared_routes, facts);
+  host.rules_table = [declared] { return rules_table(declared->routes); };
+  host.skill_table = [declared](const registry_docs::Facts& facts) {
+    return skill_table(declared->routes, facts);
   };
-  host.ENDPOINT_FRAMEWORKS = endpoint_frameworks(declared);
+  host.ENDPOINT_FRAMEWORKS = endpoint_frameworks(Node(declared->document));
   const std::filesystem::path config = root / config_path;
   host.TESMO_INSTRUCTION_CONTENT =
       instruction_content(config.string(), registry_docs::read_text(config));

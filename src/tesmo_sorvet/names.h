@@ -2,23 +2,18 @@
 #ifndef TESMO_SORVET_NAMES_H
 #define TESMO_SORVET_NAMES_H
 
-#include <string>
+#include <optional>
+#include <string_view>
 
 #include "tesmo_sorvet/document/node.h"
 
 namespace tesmo_sorvet {
 
-// The member "name", which must be given and not empty.
-inline std::string name_of(const Node& declared) {
-  const Node name = declared.at("name");
-  if (name.string().empty()) name.refuse("a name", "an empty string");
-  return std::string(name.string());
-}
-
-// A member that is empty when it is not given.
-inline std::string string_of(const Node& declared, std::string_view member) {
-  const auto found = declared.find(member);
-  return std::string(found ? found->string() : "");
+// The member "name" of `declared`, which must be given and not empty.
+inline std::string_view name_of(const Node& declared, const std::optional<Node>& name) {
+  if (!name) declared.refuse_lack("name");
+  if (name->string().empty()) name->refuse("a name", "an empty string");
+  return name->string();
 }
 
 }  // namespace tesmo_sorvet

@@ -2,8 +2,10 @@
 #ifndef TESMO_SORVET_TOOL_REGISTRY_H
 #define TESMO_SORVET_TOOL_REGISTRY_H
 
-#include <memory>
+#include <cstddef>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "registry_docs/host.h"
@@ -11,13 +13,22 @@
 
 namespace tesmo_sorvet {
 
+struct Tool {
+  registry_docs::ToolSpec spec;
+  registry_docs::InputSchema schema = {};
+};
+
+struct Tools {
+  std::vector<Tool> in_order;
+  std::unordered_map<std::string_view, std::size_t> places;  // in that order, by name
+};
+
 // The tier names in order, ["core"] when the registry names none.
 std::vector<std::string> tiers(const Node& registry);
 
 // The tools in registry order. Refuses a name given twice and a tier that is none of
-// `tiers`.
-std::vector<std::shared_ptr<const registry_docs::ToolSpec>> tools(
-    const Node& registry, const std::vector<std::string>& tiers);
+// `tiers`. Borrows from the document and from `tiers`.
+Tools tools(const Node& registry, const std::vector<std::string>& tiers);
 
 }  // namespace tesmo_sorvet
 

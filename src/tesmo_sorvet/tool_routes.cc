@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "registry_docs/markdown.h"
-#include "tesmo_sorvet/names.h"
 
 namespace tesmo_sorvet {
 namespace {
@@ -37,10 +36,11 @@ std::vector<Route> routes(const Node& registry) {
   const auto declared = registry.find("routes");
   if (!declared) return found;
   declared->for_each_element([&](const Node& route) {
+    const auto note = route.find("note");
     const auto rules = route.find("rules");
-    found.push_back({.need = std::string(route.at("need").string()),
-                     .call = std::string(route.at("call").string()),
-                     .note = string_of(route, "note"),
+    found.push_back({.need = route.at("need").string(),
+                     .call = route.at("call").string(),
+                     .note = note ? note->string() : "",
                      .rules = !rules || rules->boolean()});
   });
   return found;

@@ -3,6 +3,7 @@
 #define TESMO_SORVET_TOOL_ROUTES_H
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "registry_docs/host.h"
@@ -11,12 +12,13 @@
 namespace tesmo_sorvet {
 
 struct Route {
-  std::string need;
-  std::string call;
-  std::string note;   // "{name}" stands for the fact of that name
-  bool rules = true;  // whether the rules table lists it
+  std::string_view need;
+  std::string_view call;
+  std::string_view note;  // "{name}" stands for the fact of that name
+  bool rules = true;      // whether the rules table lists it
 };
 
+// The routes in order. They borrow from the document.
 std::vector<Route> routes(const Node& registry);
 
 // The columns Need and Call of the routes that the rules list. No line feed at the end.

@@ -2,107 +2,156 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
+#include "registry_docs/markdown.h"
 #include "tesmo_sorvet/names.h"
 
 namespace tesmo_sorvet {
 namespace {
 
 using registry_docs::InputSchema;
+using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
 using registry_docs::Value;
+using registry_docs::ValueFormat;
 
 using MaybeNode = std::optional<Node>;
+using Names = std::vector<std::string_view>;
 
-void read_string(const MaybeNode& declared, std::string& text) {
-  if (declared) text = declared->string();
-}
-
-void read_type(const MaybeNode& declared, std::optional<std::string>& type) {
-  if (declared) type.emplace(declared->string());
+void read_value(const MaybeNode& declared, Value& value) {
+  if (declared) value = declared->value();
 }
 
 void read_bound(const MaybeNode& declared, Value& bound) {
   if (declared) bound = declared->bound();
 }
 
-// What a parameter and a property of a schema declare alike. What a parameter must give
-// may be missing from a schema, which stands as given.
-void read_property(const Node& declared, PropertySchema& schema) {
-  constexpr std::array<std::string_view, 5> names = {"type", "items", "description", "minimum",
-                                                     "maximum"};
-  const auto [type, items, description, minimum, maximum] = declared.find_each(names);
-  read_type(type, schema.type);
-  if (items) read_type(items->find("type"), schema.items.emplace().type);
-  read_string(description, schema.description);
-  read_bound(minimum, schema.minimum);
-  read_bound(maximum, schema.maximum);
+// The text that names the values of a list, each spelled and then written through a format.
+std::string values_text(const Node& values, const ValueFormat& format) {
+  std::string text;
+  values.for_each_element([&](const Node& value) {
+    text += text.empty() ? "One of " : ", ";
+    text += format(registry_docs::markdown::value(value.value()));
+  });
+  return text.empty() ? text : text + ".";
 }
 
-void read_param(const Node& param, PropertySchema& schema) {
-  schema.name = name_of(param);
-  read_property(param, schema);
-  if (!schema.type) schema.type = "string";
-  if (schema.items && !schema.items->type) {
-    schema.items->type = param.at("items").at("type").string();  // must be given
+void read_values(const MaybeNode& values, ParamSpec& param) {
+  if (!values || values->size() == 0) return;
+  param.values_text = [values = *values](const ValueFormat& format) {
+    return values_text(values, format);
+  };
+}
+
+// The members that a parameter and a property of a schema have alike.
+struct SchemaMembers {
+  const MaybeNode& type;
+  const MaybeNode& items;
+  const MaybeNode& description;
+  const MaybeNode& minimum;
+  const MaybeNode& maximum;
+};
+
+// What a parameter must give may be missing from a schema, which stands as given.
+void read_schema(const SchemaMembers& declared, PropertySchema& schema) {
+  if (declared.type) schema.type = declared.type->string();
+  if (declared.items) {
+    schema.items.emplace();
+    if (const auto type = declared.items->find("type")) schema.items->type = type->string();
   }
+  if (declared.description) schema.description = declared.description->string();
+  read_bound(declared.minimum, schema.minimum);
+  read_bound(declared.maximum, schema.maximum);
+}
+
+// The names are in the order in which registries mostly have them: see Node::find_each.
+void read_param(const Node& declared, ParamSpec& param, PropertySchema& schema) {
+  constexpr std::array<std::string_view, 11> names = {
+      "name",    "type",    "items",  "description",     "required",  "default",
+      "minimum", "maximum", "values", "action_defaults", "applies_to"};
+  const auto [name, type, items, description, required, default_value, minimum, maximum,
+              values, action_defaults, applies_to] = declared.find_each(names);
+  schema.name = param.name = name_of(declared, name);
+  read_schema({type, items, description, minimum, maximum}, schema);
+  if (!schema.type) schema.type = "string";
+  if (items) schema.items->type = items->at("type").string();  // must be given
+  if (required) param.required = required->boolean();
+  read_value(default_value, param.default_value);
+  read_values(values, param);
+  if (action_defaults) {
+    action_defaults->for_each_member([&param](std::string_view action, const Node& value) {
+      param.action_defaults.emplace_back(action, value.value());
+    });
+  }
+  if (applies_to) param.applies_to = applies_to->strings();
 }
 
 bool have_distinct_names(const std::vector<PropertySchema>& properties) {
-  std::vector<std::string_view> names;
+  Names names;
   names.reserve(properties.size());
   for (const PropertySchema& property : properties) names.push_back(property.name);
   std::ranges::sort(names);
   return std::ranges::adjacent_find(names) == names.end();
 }
 
-InputSchema made_from(const Node& params) {
-  std::vector<PropertySchema> properties;
-  properties.reserve(params.size());
-  std::vector<std::string> required;
-  params.for_each_element([&](const Node& param) {
-    PropertySchema& schema = properties.emplace_back();
-    read_param(param, schema);
-    const auto is_required = param.find("required");
-    if (is_required && is_required->boolean()) required.push_back(schema.name);
+Inputs from_params(const Node& declared) {
+  Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
+  std::vector<PropertySchema>& properties = *inputs.schema.properties;
+  const std::size_t count = declared.size();
+  inputs.params.reserve(count);
+  properties.reserve(count);
+  declared.for_each_element([&](const Node& element) {
+    ParamSpec& param = inputs.params.emplace_back();
+    read_param(element, param, properties.emplace_back());
+    if (param.required) inputs.schema.required->push_back(param.name);
   });
   // A name that two parameters have is one property: one less than the parameters, so that
   // the tool is refused for naming different ones.
   if (!have_distinct_names(properties)) properties.pop_back();
-  return {.properties = std::move(properties), .required = std::move(required)};
+  return inputs;
 }
 
-InputSchema as_given(const Node& schema) {
-  InputSchema given;
-  if (const auto properties = schema.find("properties")) {
-    given.properties.emplace();
-    properties->for_each_member([&](std::string_view name, const Node& declared) {
-      PropertySchema& property = given.properties->emplace_back();
-      property.name = name;
-      read_property(declared, property);
-    });
-  }
-  if (const auto required = schema.find("required")) given.required = required->strings();
-  return given;
+void read_property(const Node& declared, ParamSpec& param, PropertySchema& schema) {
+  constexpr std::array<std::string_view, 7> names = {
+      "type", "items", "description", "default", "enum", "minimum", "maximum"};
+  const auto [type, items, description, default_value, values, minimum, maximum] =
+      declared.find_each(names);
+  if (param.name.empty()) declared.refuse("a name", "an empty string");
+  read_schema({type, items, description, minimum, maximum}, schema);
+  read_value(default_value, param.default_value);
+  read_values(values, param);
 }
 
-// The schema that is given, and not the parameters', where both are; each must be in order.
-InputSchema schema_of(const Node& tool) {
-  InputSchema schema{.properties = std::vector<PropertySchema>(),
-                     .required = std::vector<std::string>()};
-  if (const auto params = tool.find("params")) schema = made_from(*params);
-  if (const auto given = tool.find("inputSchema")) schema = as_given(*given);
-  return schema;
+Inputs from_schema(const Node& declared) {
+  Inputs inputs;
+  const auto properties = declared.find("properties");
+  const auto required = declared.find("required");
+  if (required) inputs.schema.required = required->strings();
+  if (!properties) return inputs;
+  inputs.schema.properties.emplace();
+  properties->for_each_member([&](std::string_view name, const Node& property) {
+    ParamSpec& param = inputs.params.emplace_back();
+    PropertySchema& schema = inputs.schema.properties->emplace_back();
+    schema.name = param.name = name;
+    read_property(property, param, schema);
+  });
+  if (!required) return inputs;
+  const std::unordered_set<std::string_view> names(inputs.schema.required->begin(),
+                                                   inputs.schema.required->end());
+  for (ParamSpec& param : inputs.params) param.required = names.contains(param.name);
+  return inputs;
 }
 
 }  // namespace
 
-Schemas schemas(const Node& registry) {
-  Schemas found;
-  registry.at("tools").for_each_element([&](const Node& tool) {
-    found.emplace(name_of(tool), std::make_shared<const InputSchema>(schema_of(tool)));
-  });
-  return found;
+Inputs inputs_of(const MaybeNode& params, const MaybeNode& input_schema) {
+  Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
+  if (params) inputs = from_params(*params);
+  if (!input_schema) return inputs;
+  Inputs given = from_schema(*input_schema);
+  if (params) given.params = std::move(inputs.params);
+  return given;
 }
 
 std::string snake_to_kebab(std::string_view name) {

@@ -2,33 +2,46 @@
 #ifndef REGISTRY_DOCS_BLOCKS_RENDER_H
 #define REGISTRY_DOCS_BLOCKS_RENDER_H
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "registry_docs/blocks/scan.h"
+#include "registry_docs/registry_docs.h"
 
 namespace registry_docs::blocks {
 
+inline bool has_body(const Block& block, std::string_view body) {
+  return block.body.size() == body.size() + 1 && block.body.starts_with(body) &&
+         block.body.back() == '\n';
+}
+
 // `text` with the body of each of its blocks, which `scan` found in it, replaced by
-// `body(block)` and one line feed. Everything else is copied as it is.
+// `body(block)` and one line feed; everything else is copied as it is. Nothing, and nothing
+// is copied, when these bodies stand there already.
 template <typename Body>
-std::string with_bodies(std::string_view text, std::span<const Block> found, Body body) {
-  std::string result;
-  result.reserve(text.size());
+std::optional<std::string> with_bodies(std::string_view text, std::span<const Block> found,
+                                       Body body) {
+  std::optional<std::string> result;
   const char* copied = text.data();
   for (const Block& block : found) {
-    result.append(copied, block.body.data());
     const std::string new_body = body(block);
+    if (!result && has_body(block, new_body)) continue;
+    if (!result) result.emplace().reserve(text.size());
+    result->append(copied, block.body.data());
     copied = block.close.data();
     const auto behind = static_cast<std::size_t>(text.data() + text.size() - copied);
-    result.reserve(result.size() + new_body.size() + 1 + behind);
-    result += new_body;
-    result += '\n';
+    result->reserve(result->size() + new_body.size() + 1 + behind);
+    *result += new_body;
+    *result += '\n';
   }
-  result.append(copied, text.data() + text.size());
+  if (result) result->append(copied, text.data() + text.size());
   return result;
 }
+
+// As render_file; nothing when the text is current.
+std::optional<std::string> changed_file(std::string_view text, const GeneratedFile& generated);
 
 }  // namespace registry_docs::blocks
 

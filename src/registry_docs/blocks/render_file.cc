@@ -48,38 +48,54 @@ std::string bracketed(const Names& names) {
          "]";
 }
 
-ValueError marker_error(const std::string& path, const Names& expected, const Names& found) {
-  return ValueError(path + ": the markers do not match the blocks it holds (missing " +
-                    bracketed(lacking(expected, found)) + ", unknown " +
-                    bracketed(lacking(found, expected)) + ", repeated " +
-                    bracketed(repeated(found)) + ")");
-}
-
-void require_declared_blocks(const std::vector<blocks::Block>& matches,
-                             const GeneratedFile& generated) {
+ValueError marker_error(const std::vector<blocks::Block>& matches,
+                        const GeneratedFile& generated) {
   Names expected;
-  expected.reserve(generated.blocks.size());
   for (const auto& [name, renderer] : generated.blocks) expected.emplace_back(name);
   Names found;
-  found.reserve(matches.size());
   for (const blocks::Block& match : matches) found.push_back(match.name);
   expected = sorted(std::move(expected));
   found = sorted(std::move(found));
-  if (found != expected || std::ranges::adjacent_find(found) != found.end()) {
-    throw marker_error(generated.path, expected, found);
+  return ValueError(
+      generated.path + ": the markers do not match the blocks it holds (missing " +
+      bracketed(lacking(expected, found)) + ", unknown " +
+      bracketed(lacking(found, expected)) + ", repeated " + bracketed(repeated(found)) + ")");
+}
+
+// The renderer of each match, in their order. Throws ValueError unless the matches are exactly
+// the declared blocks, each once.
+std::vector<const Renderer*> renderers_of(const std::vector<blocks::Block>& matches,
+                                          const GeneratedFile& generated) {
+  std::unordered_map<std::string_view, const Renderer*> not_found_yet;
+  not_found_yet.reserve(generated.blocks.size());
+  for (const auto& [name, renderer] : generated.blocks) not_found_yet.emplace(name, &renderer);
+  std::vector<const Renderer*> renderers;
+  renderers.reserve(matches.size());
+  for (const blocks::Block& match : matches) {
+    const auto found = not_found_yet.find(match.name);
+    if (found == not_found_yet.end()) throw marker_error(matches, generated);
+    renderers.push_back(found->second);
+    not_found_yet.erase(found);
   }
+  // A name that is declared twice can never be found twice.
+  if (renderers.size() != generated.blocks.size()) throw marker_error(matches, generated);
+  return renderers;
 }
 
 }  // namespace
 
+std::optional<std::string> blocks::changed_file(std::string_view text,
+                                                const GeneratedFile& generated) {
+  const std::vector<Block> matches = scan(text);
+  const std::vector<const Renderer*> renderers = renderers_of(matches, generated);
+  auto next = renderers.begin();
+  return with_bodies(text, matches,
+                     [&](const Block&) { return generated.encode((**next++)()); });
+}
+
 std::string render_file(std::string_view text, const GeneratedFile& generated) {
-  const std::vector<blocks::Block> matches = blocks::scan(text);
-  require_declared_blocks(matches, generated);
-  std::unordered_map<std::string_view, const Renderer*> renderers;
-  for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
-  return blocks::with_bodies(text, matches, [&](const blocks::Block& match) {
-    return generated.encode((*renderers.at(match.name))());
-  });
+  auto changed = blocks::changed_file(text, generated);
+  return changed ? *std::move(changed) : std::string(text);
 }
 
 }  // namespace registry_docs

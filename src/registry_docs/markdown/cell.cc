@@ -68,6 +68,14 @@ void append_cell(std::string& to, std::string_view text) {
   }
 }
 
+void make_cell(std::string& text, std::size_t begin) {
+  const std::string_view written = std::string_view(text).substr(begin);
+  if (stays(written) && strip(written) == written) return;
+  const std::string unsafe(written);
+  text.resize(begin);
+  append_cell(text, unsafe);
+}
+
 std::string cell(std::string_view text) {
   std::string made_safe;
   append_cell(made_safe, text);

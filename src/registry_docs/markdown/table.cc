@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "registry_docs/markdown.h"
 #include "registry_docs/markdown/append.h"
 
@@ -8,8 +10,9 @@ constexpr std::size_t usual_size = 1024;  // what most tables need, in bytes
 
 }  // namespace
 
-Table::Table(std::initializer_list<std::string_view> header) {
-  text_.reserve(usual_size);
+Table::Table(std::initializer_list<std::string_view> header, std::string above)
+    : text_(std::move(above)) {
+  text_.reserve(text_.size() + usual_size);
   text_ += '|';
   for (const std::string_view title : header) plain(title);
   row();
@@ -17,35 +20,38 @@ Table::Table(std::initializer_list<std::string_view> header) {
 }
 
 Table& Table::row() {
-  text_ += '\n';
-  text_ += '|';
+  text_ += "\n|";
   return *this;
 }
 
 Table& Table::plain(std::string_view text) {
-  text_ += ' ';
+  begin_cell();
   text_ += text;
-  end_cell();
-  return *this;
+  return end_cell();
 }
 
 Table& Table::code(std::string_view text) {
-  text_ += ' ';
+  begin_cell();
   append_code(text_, text);
-  end_cell();
-  return *this;
+  return end_cell();
 }
 
 Table& Table::cell(std::string_view text) {
-  text_ += ' ';
+  begin_cell();
   append_cell(text_, text);
-  end_cell();
-  return *this;
+  return end_cell();
 }
 
-void Table::end_cell() {
+std::size_t Table::begin_cell() {
   text_ += ' ';
-  text_ += '|';
+  return text_.size();
+}
+
+void Table::make_safe(std::size_t begin) { make_cell(text_, begin); }
+
+Table& Table::end_cell() {
+  text_ += " |";
+  return *this;
 }
 
 }  // namespace registry_docs::markdown

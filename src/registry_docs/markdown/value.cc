@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 #include "registry_docs/text/join.h"
 
 namespace registry_docs::markdown {
@@ -59,20 +60,31 @@ std::string number(double number) {
   return sign + (is_positional ? positional(decimal) : scientific(decimal));
 }
 
+// Appends a value's spelling.
 struct Spelling {
-  std::string operator()(std::nullptr_t) const { return "None"; }
-  std::string operator()(bool held) const { return held ? "true" : "false"; }
-  std::string operator()(std::int64_t held) const { return std::to_string(held); }
-  std::string operator()(std::uint64_t held) const { return std::to_string(held); }
-  std::string operator()(double held) const { return number(held); }
-  std::string operator()(const std::string& held) const { return held; }
-  std::string operator()(const Value::List& held) const {
-    return text::join(held, ", ", value);
+  std::string& to;
+
+  void operator()(std::nullptr_t) const { to += "None"; }
+  void operator()(bool held) const { to += held ? "true" : "false"; }
+  void operator()(std::int64_t held) const { to += std::to_string(held); }
+  void operator()(std::uint64_t held) const { to += std::to_string(held); }
+  void operator()(double held) const { to += number(held); }
+  void operator()(const std::string& held) const { to += held; }
+  void operator()(const Value::List& held) const {
+    text::append_joined(to, held, ", ", [this](const Value& item) { append_value(to, item); });
   }
 };
 
 }  // namespace
 
-std::string value(const Value& value) { return std::visit(Spelling{}, value.held()); }
+void append_value(std::string& to, const Value& value) {
+  std::visit(Spelling{to}, value.held());
+}
+
+std::string value(const Value& value) {
+  std::string text;
+  append_value(text, value);
+  return text;
+}
 
 }  // namespace registry_docs::markdown

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
 #include "registry_docs/text.h"
@@ -9,92 +10,97 @@
 namespace registry_docs {
 namespace {
 
+using markdown::append_value;
+
 template <typename T>
 const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const char* key) {
-  if (!held) throw MissingKeyError(tool.name, key);
+  if (!held) throw MissingKeyError(std::string(tool.name), key);
   return *held;
 }
 
-const std::string& required_type(const std::optional<std::string>& type, const ToolSpec& tool,
-                                 const PropertySchema& property) {
-  if (!type) throw MissingKeyError(tool.name + ": the schema of " + property.name, "type");
-  return *type;
+std::string_view required_type(const std::optional<std::string_view>& type,
+                               const ToolSpec& tool, const PropertySchema& property) {
+  if (type) return *type;
+  const std::string name(tool.name);
+  throw MissingKeyError(name + ": the schema of " + std::string(property.name), "type");
 }
 
 void require_same_parameters(const ToolSpec& tool,
                              const std::vector<PropertySchema>& properties) {
   if (!std::ranges::equal(properties, tool.all_params, {}, &PropertySchema::name,
                           &ParamSpec::name)) {
-    throw ValueError(tool.name +
+    throw ValueError(std::string(tool.name) +
                      ": the CLI schema and the registry name different parameters");
   }
 }
 
-std::string default_cell(const ParamSpec& param) {
-  std::string cell = param.default_value.is_null() ? std::string(renderers::NONE)
-                                                   : markdown::value(param.default_value);
-  if (param.action_defaults.empty()) return cell;
-  return cell + " (" +
-         text::join(param.action_defaults, ", ",
-                    [](const auto& pair) {
-                      return pair.first + ": " + markdown::value(pair.second);
-                    }) +
-         ")";
+void append_default(std::string& to, const ParamSpec& param) {
+  if (param.default_value.is_null()) {
+    to += renderers::NONE;
+  } else {
+    append_value(to, param.default_value);
+  }
+  if (param.action_defaults.empty()) return;
+  to += " (";
+  text::append_joined(to, param.action_defaults, ", ", [&to](const auto& pair) {
+    to.append(pair.first).append(": ");
+    append_value(to, pair.second);
+  });
+  to += ')';
 }
 
-std::string type_cell(const ToolSpec& tool, const PropertySchema& property) {
-  const std::string& type = required_type(property.type, tool, property);
-  if (type != "array" || !property.items) return type;
-  return required_type(property.items->type, tool, property) + "[]";
+void append_type(std::string& to, const ToolSpec& tool, const PropertySchema& property) {
+  const std::string_view type = required_type(property.type, tool, property);
+  if (type != "array" || !property.items) {
+    to += type;
+  } else {
+    to.append(required_type(property.items->type, tool, property)).append("[]");
+  }
 }
 
-std::string sentence(std::string_view description) {
+void append_sentence(std::string& to, std::string_view description) {
   description = strip(description);
-  std::string text;
-  text.reserve(description.size() + 1);
-  text += description;
-  if (!text.empty() && text.back() != '.') text += '.';
-  return text;
+  to += description;
+  if (!description.empty() && description.back() != '.') to += '.';
 }
 
-std::string bounds(const PropertySchema& property) {
-  const Value& low = property.minimum;
-  const Value& high = property.maximum;
-  if (low.is_null() && high.is_null()) return "";
-  if (high.is_null()) return "At least " + markdown::value(low) + ".";
-  if (low.is_null()) return "At most " + markdown::value(high) + ".";
-  return "Range: " + markdown::value(low) + "-" + markdown::value(high) + ".";
+void append_bounds(std::string& to, const Value& low, const Value& high) {
+  if (low.is_null() && high.is_null()) return;
+  to += low.is_null() ? " At most " : high.is_null() ? " At least " : " Range: ";
+  if (!low.is_null()) append_value(to, low);
+  if (!low.is_null() && !high.is_null()) to += '-';
+  if (!high.is_null()) append_value(to, high);
+  to += '.';
 }
 
-void append_part(std::string& text, const std::string& part) {
-  if (!text.empty() && !part.empty()) text += ' ';
-  text += part;
-}
-
-// What the Description cell holds before it is made safe.
-std::string description_cell(const ParamSpec& param, const PropertySchema& property) {
-  std::string text = sentence(property.description);
-  if (param.values_text) append_part(text, param.values_text(markdown::code));
-  append_part(text, bounds(property));
-  return text;
+// What the Description cell holds before it is made safe, which takes away a blank at its
+// beginning.
+void append_description(std::string& to, const ParamSpec& param,
+                        const PropertySchema& property) {
+  append_sentence(to, property.description);
+  if (param.values_text) to.append(" ").append(param.values_text(markdown::code));
+  append_bounds(to, property.minimum, property.maximum);
 }
 
 // A tool without actions has no Actions column.
 markdown::Table params_table(const ToolSpec& tool) {
+  const std::string heading = "#### Parameters\n\n";
   if (tool.actions.empty()) {
-    return markdown::Table({"Parameter", "CLI", "Type", "Required", "Default", "Description"});
+    return markdown::Table({"Parameter", "CLI", "Type", "Required", "Default", "Description"},
+                           heading);
   }
   return markdown::Table(
-      {"Parameter", "CLI", "Type", "Required", "Default", "Actions", "Description"});
+      {"Parameter", "CLI", "Type", "Required", "Default", "Actions", "Description"},
+      "**Actions:** " + text::join(tool.action_names, " | ", markdown::code) + "\n\n" +
+          heading);
 }
 
 // Sorted.
 using Names = std::vector<std::string_view>;
 
-Names sorted(const std::vector<std::string>& names) {
-  Names views(names.begin(), names.end());
-  std::ranges::sort(views);
-  return views;
+Names sorted(Names names) {
+  std::ranges::sort(names);
+  return names;
 }
 
 void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
@@ -102,13 +108,13 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
   table.row()
       .code(param.name)
       .code("--" + host.snake_to_kebab(param.name))
-      .plain(type_cell(tool, property))
+      .plain([&](std::string& to) { append_type(to, tool, property); })
       .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
-      .cell(default_cell(param));
+      .cell([&](std::string& to) { append_default(to, param); });
   if (!tool.actions.empty()) {
     table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
   }
-  table.cell(description_cell(param, property));
+  table.cell([&](std::string& to) { append_description(to, param, property); });
 }
 
 }  // namespace
@@ -123,11 +129,7 @@ std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
   for (std::size_t i = 0; i < properties.size(); ++i) {
     add_row(table, host, tool, tool.all_params[i], properties[i], required);
   }
-  std::string block;
-  if (!tool.actions.empty()) {
-    block = "**Actions:** " + text::join(tool.action_names, " | ", markdown::code) + "\n\n";
-  }
-  return block + "#### Parameters\n\n" + table.text();
+  return std::move(table).text();
 }
 
 }  // namespace registry_docs

@@ -6,10 +6,10 @@ namespace registry_docs {
 
 std::string rules_block(const Host& host) {
   const std::string& rules = host.TESMO_INSTRUCTION_CONTENT;
-  const std::string current =
+  const auto changed =
       blocks::with_bodies(rules, blocks::scan(rules),
                           [&host](const blocks::Block&) { return host.rules_table(); });
-  return std::string(strip(host.without_markers(current)));
+  return std::string(strip(host.without_markers(changed ? *changed : rules)));
 }
 
 }  // namespace registry_docs

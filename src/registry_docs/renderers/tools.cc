@@ -62,8 +62,8 @@ std::vector<std::shared_ptr<const ToolSpec>> ordered_tools(const Host& host) {
       host.TOOLS, [ranks = renderers::tier_ranks(host)](const auto& tool) {
         return !ranks.contains(tool->tier);
       });
-  throw ValueError((*stray)->name + ": expected one of the tiers " +
-                   text::join(host.TIERS, ", ") + ", found " + (*stray)->tier);
+  throw ValueError(std::string((*stray)->name) + ": expected one of the tiers " +
+                   text::join(host.TIERS, ", ") + ", found " + std::string((*stray)->tier));
 }
 
 std::string cli_usage(const Host& host, const ToolSpec& tool) {

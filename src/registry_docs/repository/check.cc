@@ -1,6 +1,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/text.h"
@@ -27,10 +28,10 @@ std::vector<std::string_view> stale_names(std::string_view text, std::string_vie
 std::optional<std::string> problem_line(const std::string& text,
                                         const GeneratedFile& generated) {
   try {
-    const std::string rendered = render_file(text, generated);
-    if (rendered == text) return std::nullopt;
+    const auto rendered = blocks::changed_file(text, generated);
+    if (!rendered) return std::nullopt;
     return generated.path +
-           ": blocks out of date: " + text::join(stale_names(text, rendered), ", ");
+           ": blocks out of date: " + text::join(stale_names(text, *rendered), ", ");
   } catch (const ValueError& error) {
     return error.what();
   }

@@ -22,7 +22,7 @@ GeneratedFile mcp_reference(const Host& host) {
   auto tools = ordered_tools(host);
   file.blocks.reserve(file.blocks.size() + tools.size());
   for (auto& tool : tools) {
-    std::string name = "params:" + tool->name;
+    std::string name = "params:" + std::string(tool->name);
     file.blocks.emplace_back(std::move(name), params_renderer(host, std::move(tool)));
   }
   return file;

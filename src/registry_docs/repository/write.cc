@@ -1,3 +1,4 @@
+#include "registry_docs/blocks/render.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/repository/file.h"
 #include "registry_docs/text.h"
@@ -9,7 +10,9 @@ std::vector<std::string> write_blocks(const Host& host, const std::filesystem::p
   std::vector<std::string> rendered;
   rendered.reserve(files.size());
   for (const GeneratedFile& generated : files) {
-    rendered.push_back(render_file(read_text(root / generated.path), generated));
+    std::string text = read_text(root / generated.path);
+    auto changed = blocks::changed_file(text, generated);
+    rendered.push_back(changed ? *std::move(changed) : std::move(text));
   }
   std::vector<std::string> written;
   for (std::size_t i = 0; i < files.size(); ++i) {

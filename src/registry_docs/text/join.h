@@ -2,28 +2,30 @@
 #ifndef REGISTRY_DOCS_TEXT_JOIN_H
 #define REGISTRY_DOCS_TEXT_JOIN_H
 
-#include <concepts>
 #include <functional>
 #include <string>
 #include <string_view>
 
 namespace registry_docs::text {
 
+// Has `append` append each item to `to`, and the separator stand between every two.
+template <typename Items, typename Append>
+void append_joined(std::string& to, const Items& items, std::string_view separator,
+                   Append append) {
+  bool is_first = true;
+  for (const auto& item : items) {
+    if (!is_first) to += separator;
+    is_first = false;
+    append(item);
+  }
+}
+
 // What `piece` makes of each item, with the separator between every two.
 template <typename Items, typename Piece = std::identity>
 std::string join(const Items& items, std::string_view separator, Piece piece = {}) {
   std::string joined;
-  if constexpr (std::same_as<Piece, std::identity>) {
-    std::size_t size = 0;
-    for (const std::string_view item : items) size += item.size() + separator.size();
-    joined.reserve(size);
-  }
-  bool first = true;
-  for (const auto& item : items) {
-    if (!first) joined += separator;
-    first = false;
-    joined += std::invoke(piece, item);
-  }
+  append_joined(joined, items, separator,
+                [&](const auto& item) { joined += std::invoke(piece, item); });
   return joined;
 }
 

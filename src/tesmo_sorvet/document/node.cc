@@ -50,9 +50,9 @@ bool Node::boolean() const {
   return token_->text() == "true";
 }
 
-std::vector<std::string> Node::strings() const {
-  std::vector<std::string> found;
-  for_each_element([&](const Node& element) { found.emplace_back(element.string()); });
+std::vector<std::string_view> Node::strings() const {
+  std::vector<std::string_view> found;
+  for_each_element([&](const Node& element) { found.push_back(element.string()); });
   return found;
 }
 
@@ -72,6 +72,10 @@ std::optional<Node> Node::find(std::string_view name) const {
 
 Node Node::at(std::string_view name) const {
   if (const auto found = find(name)) return *found;
+  refuse_lack(name);
+}
+
+void Node::refuse_lack(std::string_view name) const {
   const std::string object = document_->place_of(*token_);
   throw RegistryError(message(*document_,
                               object + (object.empty() ? "" : ".") + std::string(name),

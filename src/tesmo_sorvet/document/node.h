@@ -24,7 +24,7 @@ class Node {
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
   [[nodiscard]] bool boolean() const;
-  [[nodiscard]] std::vector<std::string> strings() const;
+  [[nodiscard]] std::vector<std::string_view> strings() const;
   [[nodiscard]] std::size_t size() const;  // the number of an array's elements
 
   // Calls `visit` with each element of an array, or with the name and the value of each
@@ -71,6 +71,9 @@ class Node {
   [[nodiscard]] registry_docs::Value value() const;
   // A number or null.
   [[nodiscard]] registry_docs::Value bound() const;
+
+  // Refuses an object for having no member of that name.
+  [[noreturn]] void refuse_lack(std::string_view name) const;
 
   // "expected EXPECTED, found FOUND", at this value's place.
   [[noreturn]] void refuse(const std::string& expected, const std::string& found) const;

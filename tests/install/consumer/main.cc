@@ -11,7 +11,7 @@ int main(int, char** argv) {
   Host host{.TIERS = {"core"}};
   const ToolSpec tool{.name = "a_b", .tier = "core", .all_params = {{"c"}}};
   host.TOOLS.push_back(std::make_shared<const ToolSpec>(tool));
-  InputSchema schema{.required = std::vector<std::string>{"c"}};
+  InputSchema schema{.required = std::vector<std::string_view>{"c"}};
   schema.properties.emplace().push_back({"c", "integer", {}, "", 1});
   host.get_cli_schema = [&](auto) { return std::make_shared<const InputSchema>(schema); };
   host.snake_to_kebab = [](std::string_view name) { return std::string(name); };
