@@ -3,16 +3,16 @@
 
 namespace registry_docs::markdown {
 
-void append_code(std::string& to, std::string_view text) {
+void append_code(Builder& to, std::string_view text) {
   to += '`';
   to += text;
   to += '`';
 }
 
 std::string code(std::string_view text) {
-  std::string span;
+  Builder span;
   append_code(span, text);
-  return span;
+  return std::move(span).text();
 }
 
 }  // namespace registry_docs::markdown

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "registry_docs/markdown.h"
 #include "registry_docs/markdown/append.h"
 
@@ -10,13 +8,13 @@ constexpr std::size_t usual_size = 1024;  // what most tables need, in bytes
 
 }  // namespace
 
-Table::Table(std::initializer_list<std::string_view> header, std::string above)
-    : text_(std::move(above)) {
-  text_.reserve(text_.size() + usual_size);
+Table::Table(std::initializer_list<std::string_view> header, std::string_view above) {
+  text_.reserve(above.size() + usual_size);
+  text_ += above;
   text_ += '|';
   for (const std::string_view title : header) plain(title);
   row();
-  for (std::size_t i = 0; i < header.size(); ++i) plain("---");
+  for (std::size_t i = 0; i < header.size(); ++i) text_ += " --- |";
 }
 
 Table& Table::row() {
@@ -42,16 +40,6 @@ Table& Table::cell(std::string_view text) {
   return end_cell();
 }
 
-std::size_t Table::begin_cell() {
-  text_ += ' ';
-  return text_.size();
-}
-
 void Table::make_safe(std::size_t begin) { make_cell(text_, begin); }
-
-Table& Table::end_cell() {
-  text_ += " |";
-  return *this;
-}
 
 }  // namespace registry_docs::markdown

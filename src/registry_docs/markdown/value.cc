@@ -62,7 +62,7 @@ std::string number(double number) {
 
 // Appends a value's spelling.
 struct Spelling {
-  std::string& to;
+  Builder& to;
 
   void operator()(std::nullptr_t) const { to += "None"; }
   void operator()(bool held) const { to += held ? "true" : "false"; }
@@ -77,14 +77,12 @@ struct Spelling {
 
 }  // namespace
 
-void append_value(std::string& to, const Value& value) {
-  std::visit(Spelling{to}, value.held());
-}
+void append_value(Builder& to, const Value& value) { std::visit(Spelling{to}, value.held()); }
 
 std::string value(const Value& value) {
-  std::string text;
+  Builder text;
   append_value(text, value);
-  return text;
+  return std::move(text).text();
 }
 
 }  // namespace registry_docs::markdown

@@ -1,19 +1,25 @@
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
+#include "registry_docs/renderers/tools.h"
 
 namespace registry_docs {
 
 std::string mcp_cli_block(const Host& host) {
-  markdown::Table table({"Tool", "CLI usage"});
+  markdown::Table table(
+      {"Tool", "CLI usage"},
+      "Every parameter is an option of the same name in kebab-case (`token_budget` is "
+      "`--token-budget`), an array is a comma-separated list, and a boolean is `--flag` "
+      "or `--flag true|false`. `tesmo-sorvet query <tool> --help` prints a tool's "
+      "options with their full texts and `tesmo-sorvet query --schema` prints them all "
+      "as JSON Schema.\n\n");
   for (const auto& tool : ordered_tools(host)) {
-    table.row().code(tool->name).code(cli_usage(host, *tool));
+    table.row().code(tool->name).plain([&](markdown::Builder& to) {
+      to += '`';
+      renderers::append_cli_usage(to, host, *tool);
+      to += '`';
+    });
   }
-  return "Every parameter is an option of the same name in kebab-case (`token_budget` is "
-         "`--token-budget`), an array is a comma-separated list, and a boolean is `--flag` "
-         "or `--flag true|false`. `tesmo-sorvet query <tool> --help` prints a tool's "
-         "options with their full texts and `tesmo-sorvet query --schema` prints them all "
-         "as JSON Schema.\n\n" +
-         table.text();
+  return std::move(table).text();
 }
 
 }  // namespace registry_docs

@@ -24,7 +24,9 @@ std::string mcp_overview_block(const Host& host) {
     table.row()
         .plain(std::to_string(++number))
         .code(tool->name)
-        .plain(renderers::actions_cell(*tool, renderers::NONE))
+        .plain([&](markdown::Builder& to) {
+          renderers::append_actions(to, *tool, renderers::NONE);
+        })
         .plain(text::capitalised(tool->tier))
         .cell(tool->summary);
   }

@@ -6,18 +6,21 @@
 namespace registry_docs {
 
 std::string readme_tools_block(const Host& host) {
-  markdown::Table table({"Tier", "Tool", "Actions", "Purpose"});
+  markdown::Table table(
+      {"Tier", "Tool", "Actions", "Purpose"},
+      std::to_string(host.TOOLS.size()) + " tools for code intelligence, " +
+          renderers::tier_counts(host) +
+          ". A tool with actions takes an `action` parameter that selects one.\n\n");
   for (const auto& tool : ordered_tools(host)) {
     table.row()
         .plain("**" + text::capitalised(tool->tier) + "**")
         .code(tool->name)
-        .plain(renderers::actions_cell(*tool, renderers::NONE))
+        .plain([&](markdown::Builder& to) {
+          renderers::append_actions(to, *tool, renderers::NONE);
+        })
         .cell(tool->summary);
   }
-  return std::to_string(host.TOOLS.size()) + " tools for code intelligence, " +
-         renderers::tier_counts(host) +
-         ". A tool with actions takes an `action` parameter that selects one.\n\n" +
-         table.text();
+  return std::move(table).text();
 }
 
 }  // namespace registry_docs

@@ -6,15 +6,18 @@
 namespace registry_docs {
 
 std::string skill_tools_block(const Host& host) {
-  markdown::Table table({"Tool", "Actions", "Use for"});
+  markdown::Table table({"Tool", "Actions", "Use for"},
+                        "## Tool reference (" + std::to_string(host.TOOLS.size()) +
+                            " tools; MCP name = CLI `tesmo-sorvet query <tool>`)\n\n");
   for (const auto& tool : ordered_tools(host)) {
     table.row()
         .code(tool->name)
-        .plain(renderers::actions_cell(*tool, "*(one call)*"))
+        .plain([&](markdown::Builder& to) {
+          renderers::append_actions(to, *tool, "*(one call)*");
+        })
         .cell(tool->mcp_text);
   }
-  return "## Tool reference (" + std::to_string(host.TOOLS.size()) +
-         " tools; MCP name = CLI `tesmo-sorvet query <tool>`)\n\n" + table.text();
+  return std::move(table).text();
 }
 
 std::string skill_routes_block(const Host& host) {

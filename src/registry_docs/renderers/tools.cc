@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/text/join.h"
 
@@ -43,9 +43,24 @@ std::string tier_counts(const Host& host) {
   return text::join(counts, " and ");
 }
 
-std::string actions_cell(const ToolSpec& tool, std::string_view placeholder) {
-  if (tool.action_names.empty()) return std::string(placeholder);
-  return text::join(tool.action_names, ", ", markdown::code);
+void append_actions(markdown::Builder& to, const ToolSpec& tool,
+                    std::string_view placeholder) {
+  if (tool.action_names.empty()) to += placeholder;
+  text::append_joined(to, tool.action_names, ", ",
+                      [&to](std::string_view action) { markdown::append_code(to, action); });
+}
+
+void append_cli_usage(markdown::Builder& to, const Host& host, const ToolSpec& tool) {
+  to += "tesmo-sorvet query ";
+  to += host.snake_to_kebab(tool.name);
+  for (const ParamSpec& param : tool.all_params) {
+    if (!param.required) continue;
+    to += " --";
+    to += host.snake_to_kebab(param.name);
+    to += " <";
+    to += param.name;
+    to += '>';
+  }
 }
 
 }  // namespace renderers
@@ -67,13 +82,9 @@ std::vector<std::shared_ptr<const ToolSpec>> ordered_tools(const Host& host) {
 }
 
 std::string cli_usage(const Host& host, const ToolSpec& tool) {
-  std::string line = "tesmo-sorvet query " + host.snake_to_kebab(tool.name);
-  for (const ParamSpec& param : tool.all_params) {
-    if (!param.required) continue;
-    line.append(" --").append(host.snake_to_kebab(param.name));
-    line.append(" <").append(param.name).append(">");
-  }
-  return line;
+  markdown::Builder line;
+  renderers::append_cli_usage(line, host, tool);
+  return std::move(line).text();
 }
 
 }  // namespace registry_docs

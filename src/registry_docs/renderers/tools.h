@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "registry_docs/host.h"
+#include "registry_docs/markdown.h"
 
 namespace registry_docs::renderers {
 
@@ -23,8 +24,11 @@ std::vector<Tools> tier_tools(const Host& host);
 // "8 core and 6 extended": every tier is named, one without tools too.
 std::string tier_counts(const Host& host);
 
-// The tool's actions as code spans, or the placeholder as it is.
-std::string actions_cell(const ToolSpec& tool, std::string_view placeholder);
+// Appends the tool's actions as code spans, or the placeholder as it is.
+void append_actions(markdown::Builder& to, const ToolSpec& tool, std::string_view placeholder);
+
+// Appends what cli_usage returns.
+void append_cli_usage(markdown::Builder& to, const Host& host, const ToolSpec& tool);
 
 }  // namespace registry_docs::renderers
 
