@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "gen_registry_docs/heap.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
@@ -98,6 +99,8 @@ int run(const Options& options) {
     return print("gen_registry_docs " REGISTRY_DOCS_VERSION "\n"), 0;
   }
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
+  ready_heap(options.registry ? fs::path(*options.registry)
+                              : root / tesmo_sorvet::registry_path);
   const registry_docs::Host host = tesmo_sorvet::bind_host(root, options.registry);
   return options.action == Action::check ? check(host, root, options) : write(host, root);
 }
