@@ -1,5 +1,4 @@
-// A whole check of a repository whose files are current, beside the least it must do.
-#include "bench/peers.h"
+// A check of a repository whose files are current.
 #include "bench/suites.h"
 #include "registry_docs/registry_docs.h"
 #include "tesmo_sorvet/host.h"
@@ -13,9 +12,6 @@ std::size_t check(const std::filesystem::path& root) {
 
 }  // namespace
 
-void register_check() {
-  add_by_size("check", check, repository_of, 1000, 100'000);
-  add_by_size("read_and_parse", read_and_parse, repository_of, 1000, 100'000);
-}
+void register_check() { add_by_size("check", check, repository_of, 10, 10'000); }
 
 }  // namespace registry_docs::bench

@@ -1,18 +1,11 @@
 #include "bench/peers.h"
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <rapidjson/reader.h>
-#include <unistd.h>
 
 #include <cstring>
-#include <memory>
 #include <stdexcept>
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
-
-#include "registry_docs/registry_docs.h"
-#include "tesmo_sorvet/host.h"
 
 namespace registry_docs::bench {
 namespace {
@@ -36,36 +29,6 @@ blocks::Block block_of(std::string_view text, pcre2_match_data* data) {
   return {.open = part(1), .name = part(2), .body = part(3), .close = part(4)};
 }
 
-using Bytes = std::unique_ptr<char[]>;
-
-Bytes copy_of(const std::string& text) {
-  Bytes bytes = std::make_unique_for_overwrite<char[]>(text.size() + 1);
-  std::memcpy(bytes.get(), text.c_str(), text.size() + 1);
-  return bytes;
-}
-
-// The file's bytes and a NUL.
-Bytes contents(const std::filesystem::path& path) {
-  const std::size_t size = file_size(path);
-  Bytes bytes = std::make_unique_for_overwrite<char[]>(size + 1);
-  const int file = ::open(path.c_str(), O_RDONLY);
-  const ssize_t count = ::read(file, bytes.get(), size);
-  ::close(file);
-  if (count != static_cast<ssize_t>(size)) throw std::runtime_error(path.string());
-  bytes[size] = '\0';
-  return bytes;
-}
-
-void parse_in_place(char* json) {
-  constexpr unsigned flags =
-      rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
-  rapidjson::InsituStringStream stream(json);
-  rapidjson::BaseReaderHandler<> ignored;
-  if (rapidjson::Reader().Parse<flags>(stream, ignored).IsError()) {
-    throw std::runtime_error("no JSON");
-  }
-}
-
 }  // namespace
 
 std::vector<blocks::Block> pcre2_scan(std::string_view text) {
@@ -85,16 +48,6 @@ std::vector<blocks::Block> pcre2_scan(std::string_view text) {
 
 void look_through(std::string_view text) {
   benchmark::DoNotOptimize(std::memchr(text.data(), '\0', text.size()));
-}
-
-void parse_json(const std::string& json) { parse_in_place(copy_of(json).get()); }
-
-void read_and_parse(const std::filesystem::path& root) {
-  const Host host;
-  for (const GeneratedFile& file : generated_files(host)) {
-    benchmark::DoNotOptimize(contents(root / file.path).get());
-  }
-  parse_in_place(contents(root / tesmo_sorvet::registry_path).get());
 }
 
 }  // namespace registry_docs::bench

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Times whole processes on the example with hyperfine, and takes the most memory of a check of
-a large repository. Prints both as JSON.
+"""Times whole processes with hyperfine, on the example and on repositories of many tools, and
+takes the most memory of a check of the largest. Prints all as JSON.
 
 A round runs every command once, in an order of its own: what else the machine does, and what
 ran before, falls on all alike. (Of ten runs in a row, nine find their own code in the caches,
 which flatters the smallest program most.) What the commands print goes nowhere.
 
-usage: processes.py BUILD ROUNDS TOOLS
+usage: processes.py BUILD ROUNDS
 """
 
 import json
@@ -27,12 +27,13 @@ FILES = [
     "README.md",
     "docs/mcp-tools.md",
 ]
+SIZES = [1000, 10_000, 100_000]
 
 
 def commands(build):
     """What is measured, by name."""
     program = [f"{build}/gen_registry_docs", "--root", str(EXAMPLE)]
-    files = [str(EXAMPLE / file) for file in FILES]
+    files = files_of(EXAMPLE)
     return {
         "check": [*program, "--check"],
         "write": [*program, "--write"],
@@ -62,25 +63,40 @@ def require_blocks_found(command):
         sys.exit(f"find_blocks.py: expected {expected.strip()} blocks, found {found.strip()}")
 
 
-def memory_per_byte(build, tools, directory):
-    """Of a check of a repository of so many tools: its peak, to the bytes of its files."""
-    root = pathlib.Path(directory, "root")
-    subprocess.run([f"{build}/bench/make_repository", root, str(tools)], check=True)
-    check = [f"{build}/gen_registry_docs", "--check", "--root", str(root)]
+def files_of(root):
+    return [str(root / file) for file in FILES]
+
+
+def commands_by_size(build, directory):
+    """A check of a repository of so many tools, and the least that it can cost, by size."""
+    for size in SIZES:
+        root = pathlib.Path(directory, str(size))
+        subprocess.run([f"{build}/bench/make_repository", root, str(size)], check=True)
+        yield size, {"check": [f"{build}/gen_registry_docs", "--check", "--root", str(root)],
+                     "parse": [f"{build}/bench/parse_files", *files_of(root)]}
+
+
+def memory_per_byte(check):
+    """The peak of a check, to the bytes of its files."""
     _, status, usage = os.wait4(os.posix_spawn(check[0], check, os.environ), 0)
     if status != 0:
         sys.exit(f"{check}: expected exit status 0")
-    return (usage.ru_maxrss << 10) / sum((root / file).stat().st_size for file in FILES)
+    return (usage.ru_maxrss << 10) / sum(map(os.path.getsize, files_of(pathlib.Path(check[-1]))))
 
 
 def main():
-    build, rounds, tools = sys.argv[1:]
-    measured = commands(build)
-    require_blocks_found(measured["regex"])
+    build, rounds = sys.argv[1], int(sys.argv[2])
     with tempfile.TemporaryDirectory() as directory:
-        times = [round_of(measured, f"{directory}/results") for _ in range(int(rounds))]
-        memory = memory_per_byte(build, tools, directory)
-    print(json.dumps({"rounds": times, "memory per byte": memory}))
+        results = f"{directory}/results"
+        example = commands(build)
+        require_blocks_found(example["regex"])
+        measured = {"rounds": [round_of(example, results) for _ in range(rounds)], "sizes": {}}
+        for size, both in commands_by_size(build, directory):
+            # A check of few tools is over soon, and so must be measured more often.
+            count = max(5, rounds * SIZES[0] // size)
+            measured["sizes"][size] = [round_of(both, results) for _ in range(count)]
+        measured["memory per byte"] = memory_per_byte(both["check"])
+    print(json.dumps(measured))
 
 
 if __name__ == "__main__":
