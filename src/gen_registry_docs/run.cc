@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <vector>
 
@@ -102,7 +103,11 @@ int run(const Options& options) {
   ready_heap(options.registry ? fs::path(*options.registry)
                               : root / tesmo_sorvet::registry_path);
   const registry_docs::Host host = tesmo_sorvet::bind_host(root, options.registry);
-  return options.action == Action::check ? check(host, root, options) : write(host, root);
+  const int status =
+      options.action == Action::check ? check(host, root, options) : write(host, root);
+  // The system takes back the memory of a large registry at once. Giving it back piece by
+  // piece first is a tenth of a check of 10,000 tools.
+  std::_Exit(status);
 }
 
 }  // namespace gen_registry_docs

@@ -11,7 +11,8 @@ namespace gen_registry_docs {
 // Prints a line to standard error, for a person. What a terminal would act on is escaped.
 void print_error(std::string_view message);
 
-// Returns the exit status. Throws what keeps the work from being done.
+// Returns the exit status, or ends the program with it. Throws what keeps the work from being
+// done.
 int run(const Options& options);
 
 }  // namespace gen_registry_docs

@@ -115,12 +115,10 @@ void read_escape(Source& source, std::string& value) {
 // What stands for itself: the next character, whatever it is, and those up to the next one
 // that may not.
 std::string_view plain_run(std::string_view text, char quote) {
-  std::size_t size = 1;
-  while (size < text.size() && text[size] != quote && text[size] != '\\' &&
-         text[size] != '\n') {
-    ++size;
-  }
-  return text.substr(0, size);
+  const auto* const end =
+      std::find_if(text.data() + 1, text.data() + text.size(),
+                   [quote](char c) { return c == quote || c == '\\' || c == '\n'; });
+  return {text.data(), end};
 }
 
 }  // namespace
