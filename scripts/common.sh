@@ -3,11 +3,11 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # What the program is built from.
-build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev rapidjson-dev)
+build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev)
 # What the tests need besides.
-test_packages=(libgtest-dev libpcre2-dev python3)
+test_packages=(libgtest-dev libpcre2-dev python3 rapidjson-dev)
 # What the benchmarks need besides.
-bench_packages=(libbenchmark-dev libpcre2-dev)
+bench_packages=(libbenchmark-dev libpcre2-dev rapidjson-dev)
 
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi

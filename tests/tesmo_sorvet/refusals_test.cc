@@ -38,6 +38,10 @@ TEST_F(Registry, IsRefusedForWhatNoTableShows) {
             file + ":2:1: expected nothing after the document, found a control character");
   EXPECT_EQ(message_for("{\"tools\": \0[]}"s),
             file + ":1:11: expected a JSON value, found a control character");
+  EXPECT_EQ(
+      message_for("{\"to\0ls\": []}"s),
+      file +
+          ":1:5: expected a double quote at the end of the string, found a control character");
   const auto nested = [](std::size_t levels) {
     return "{\"tools\": [], \"x\":\n" + std::string(levels - 1, '[') +
            std::string(levels - 1, ']') + "}";

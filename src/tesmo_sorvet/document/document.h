@@ -3,6 +3,7 @@
 #define TESMO_SORVET_DOCUMENT_DOCUMENT_H
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,14 +38,20 @@ class Token {
   Kind kind_;
 };
 
+// A string whose spelling holds escapes, and where its spelling begins.
+struct DecodedString {
+  const char* source;
+  std::string text;
+};
+
 // Every number in it can be held: an integer in 64 bits, any other as a double. The
 // members of each object have distinct names and keep their order.
 class Document {
  public:
-  // Reads `json`, which is not needed afterwards. `name` is what messages call it. Throws
-  // RegistryError for what is no UTF-8 or no JSON, for a member given twice, a number
-  // that cannot be held, and nesting deeper than 256 levels.
-  Document(std::string name, std::string_view json);
+  // Keeps `json` as it is. `name` is what messages call it. Throws DecodeError for what is no
+  // UTF-8, and RegistryError for what is no JSON, for a member given twice, a number that
+  // cannot be held, and nesting deeper than 256 levels.
+  Document(std::string name, std::string json);
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
   ~Document() = default;
@@ -57,8 +64,9 @@ class Document {
 
  private:
   std::string name_;
-  std::string buffer_;  // the strings are decoded in here
-  std::vector<Token> tokens_;
+  std::string json_;
+  std::deque<DecodedString> decoded_;  // which keeps them where they are as it grows
+  std::vector<Token> tokens_;          // they borrow from both
 };
 
 }  // namespace tesmo_sorvet

