@@ -49,8 +49,8 @@ class Events : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Events> {
   }
   bool StartObject() { return open(Kind::object); }
   bool StartArray() { return open(Kind::array); }
-  bool EndObject(SizeType) { return close(); }
-  bool EndArray(SizeType) { return close(); }
+  bool EndObject(SizeType) { return close(0); }
+  bool EndArray(SizeType elements) { return close(elements); }
 
   [[nodiscard]] const std::vector<Token>& tokens() const { return tokens_; }
 
@@ -63,11 +63,12 @@ class Events : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Events> {
     if (open_.size() == 256) return false;
     open_.push_back(tokens_.size());
     names_.emplace_back();
-    tokens_.emplace_back(kind, std::size_t{1});
+    tokens_.emplace_back(kind, 0, 1);
     return true;
   }
-  bool close() {
-    tokens_[open_.back()] = {tokens_[open_.back()].kind(), tokens_.size() - open_.back()};
+  bool close(std::size_t elements) {
+    Token& list = tokens_[open_.back()];
+    list = {list.kind(), elements, tokens_.size() - open_.back()};
     open_.pop_back();
     names_.pop_back();
     return true;

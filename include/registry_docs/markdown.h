@@ -99,7 +99,14 @@ class Table {
     return end_cell();
   }
 
-  // What stood above and the lines so far, with no line feed at the end.
+  // Text that stands below the table, beginning with the line feed that ends it.
+  template <std::invocable<Builder&> Append>
+  Table& below(Append append) {
+    append(text_);
+    return *this;
+  }
+
+  // All of it so far; a row does not end with a line feed.
   [[nodiscard]] std::string_view text() const& { return text_.view(); }
   [[nodiscard]] std::string text() && { return std::move(text_).text(); }
 

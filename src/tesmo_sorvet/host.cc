@@ -47,12 +47,15 @@ Document registry_document(const std::filesystem::path& root,
 // What the registry declares. The host's records lie in here, and borrow from the document.
 struct Declarations {
   Declarations(const std::filesystem::path& root, const std::optional<std::string>& registry)
-      : document(registry_document(root, registry)) {}
+      : document(registry_document(root, registry)) {
+    document.keep_texts_only();
+  }
 
-  const Document document;
+  Document document;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
   const Tools tools = tesmo_sorvet::tools(Node(document), tiers);
   const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
+  const Frameworks frameworks = endpoint_frameworks(Node(document));
 };
 
 }  // namespace
@@ -75,7 +78,7 @@ registry_docs::Host bind_host(const std::filesystem::path& root,
   host.skill_table = [declared](const registry_docs::Facts& facts) {
     return skill_table(declared->routes, facts);
   };
-  host.ENDPOINT_FRAMEWORKS = endpoint_frameworks(Node(declared->document));
+  host.ENDPOINT_FRAMEWORKS = declared->frameworks;
   const std::filesystem::path config = root / config_path;
   host.TESMO_INSTRUCTION_CONTENT =
       instruction_content(config.string(), registry_docs::read_text(config));

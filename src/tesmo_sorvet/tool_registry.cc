@@ -19,10 +19,11 @@ std::string_view first_line(std::string_view text) {
   return registry_docs::strip(text.substr(0, text.find('\n')));
 }
 
+// The tier of that name. All tools of a tier share its one text, which stays in the caches.
 std::string_view known_tier(const Node& declared, const NameSet& tiers) {
-  const std::string_view tier = declared.string();
-  if (!tiers.contains(tier)) declared.refuse("one of the tiers", in_quotes(tier));
-  return tier;
+  const auto found = tiers.find(declared.string());
+  if (found == tiers.end()) declared.refuse("one of the tiers", in_quotes(declared.string()));
+  return *found;
 }
 
 // The names are in the order in which registries mostly have them: see Node::find_each.

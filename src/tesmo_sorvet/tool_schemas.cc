@@ -27,19 +27,22 @@ void read_bound(const MaybeNode& declared, Value& bound) {
   if (declared) bound = declared->bound();
 }
 
-// The text that names the values of a list, each spelled and then written through a format.
-std::string values_text(const Node& values, const ValueFormat& format) {
-  std::string text;
-  values.for_each_element([&](const Node& value) {
-    text += text.empty() ? "One of " : ", ";
-    text += format(registry_docs::markdown::value(value.value()));
-  });
-  return text.empty() ? text : text + ".";
+// The text that names the values, each spelled and then written through a format.
+std::string values_text(const std::vector<Value>& values, const ValueFormat& format) {
+  std::string text = "One of ";
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i > 0) text += ", ";
+    text += format(registry_docs::markdown::value(values[i]));
+  }
+  return text + ".";
 }
 
-void read_values(const MaybeNode& values, ParamSpec& param) {
-  if (!values || values->size() == 0) return;
-  param.values_text = [values = *values](const ValueFormat& format) {
+void read_values(const MaybeNode& declared, ParamSpec& param) {
+  if (!declared || declared->size() == 0) return;
+  std::vector<Value> values;
+  values.reserve(declared->size());
+  declared->for_each_element([&](const Node& value) { values.push_back(value.value()); });
+  param.values_text = [values = std::move(values)](const ValueFormat& format) {
     return values_text(values, format);
   };
 }

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "registry_docs/markdown.h"
+#include "registry_docs/markdown/append.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
 #include "registry_docs/text/code_point.h"
@@ -9,10 +10,20 @@
 namespace registry_docs {
 namespace {
 
-std::string tier_line(const std::string& tier, const renderers::Tools& tools) {
-  return "- **" + text::capitalised(tier) + "** (" + std::to_string(tools.size()) +
-         " tools): " +
-         text::join(tools, ", ", [](const auto& tool) { return markdown::code(tool->name); });
+void append_tier(markdown::Builder& to, const std::string& tier,
+                 const renderers::Tools& tools) {
+  to +=
+      "\n- **" + text::capitalised(tier) + "** (" + std::to_string(tools.size()) + " tools): ";
+  text::append_joined(to, tools, ", ",
+                      [&to](const auto& tool) { markdown::append_code(to, tool->name); });
+}
+
+void append_tiers(markdown::Builder& to, const Host& host) {
+  to += "\n\n**Tiers:**\n";
+  const std::vector<renderers::Tools> tiers = renderers::tier_tools(host);
+  for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
+    append_tier(to, host.TIERS[rank], tiers[rank]);
+  }
 }
 
 }  // namespace
@@ -30,12 +41,8 @@ std::string mcp_overview_block(const Host& host) {
         .plain(text::capitalised(tool->tier))
         .cell(tool->summary);
   }
-  std::string block = std::move(table).text() + "\n\n**Tiers:**\n";
-  const std::vector<renderers::Tools> tiers = renderers::tier_tools(host);
-  for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
-    block += "\n" + tier_line(host.TIERS[rank], tiers[rank]);
-  }
-  return block;
+  table.below([&host](markdown::Builder& to) { append_tiers(to, host); });
+  return std::move(table).text();
 }
 
 }  // namespace registry_docs

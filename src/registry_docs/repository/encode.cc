@@ -1,6 +1,7 @@
 #include "registry_docs/repository/encode.h"
 
 #include <string_view>
+#include <utility>
 
 namespace registry_docs::repository {
 namespace {
@@ -22,10 +23,10 @@ std::string doubled(std::string text, char character) {
 
 }  // namespace
 
-std::string literal_text(const std::string& block) { return doubled(block, '\\'); }
+std::string literal_text(std::string block) { return doubled(std::move(block), '\\'); }
 
-std::string skill_text(const std::string& block) {
-  return doubled(doubled(literal_text(block), '{'), '}');
+std::string skill_text(std::string block) {
+  return doubled(doubled(literal_text(std::move(block)), '{'), '}');
 }
 
 }  // namespace registry_docs::repository

@@ -7,10 +7,10 @@
 namespace registry_docs::repository {
 
 // As a plain string literal of a Python source file holds it: backslashes doubled.
-std::string literal_text(const std::string& block);
+std::string literal_text(std::string block);
 
 // As a literal that str.format fills in holds it: backslashes, then braces doubled.
-std::string skill_text(const std::string& block);
+std::string skill_text(std::string block);
 
 }  // namespace registry_docs::repository
 

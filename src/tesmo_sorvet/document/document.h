@@ -19,12 +19,16 @@ class Token {
   // A string, decoded; a number or a boolean as it is spelled; or null.
   Token(Kind kind, std::string_view text)
       : data_(text.data()), size_(static_cast<std::uint32_t>(text.size())), kind_(kind) {}
-  // An array or an object that takes up so many tokens, its own and its content's.
-  Token(Kind kind, std::size_t span) : size_(static_cast<std::uint32_t>(span)), kind_(kind) {}
+  // An array of so many elements, or an object, that takes up so many tokens, its own and its
+  // content's.
+  Token(Kind kind, std::size_t elements, std::size_t span)
+      : elements_(elements), size_(static_cast<std::uint32_t>(span)), kind_(kind) {}
 
   [[nodiscard]] Kind kind() const { return kind_; }
   // The tokens that the value takes up.
   [[nodiscard]] std::uint32_t span() const { return is_list() ? size_ : 1; }
+  // The number of an array's elements; 0 of everything else.
+  [[nodiscard]] std::size_t elements() const { return is_list() ? elements_ : 0; }
   // Of an array and an object, empty.
   [[nodiscard]] std::string_view text() const {
     return is_list() ? std::string_view() : std::string_view(data_, size_);
@@ -33,7 +37,10 @@ class Token {
  private:
   [[nodiscard]] bool is_list() const { return kind_ == Kind::array || kind_ == Kind::object; }
 
-  const char* data_ = nullptr;
+  union {
+    const char* data_;
+    std::size_t elements_;
+  };
   std::uint32_t size_;  // of the text, or the span
   Kind kind_;
 };
@@ -58,6 +65,9 @@ class Document {
 
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] const Token& root() const { return tokens_.front(); }
+
+  // Lets go of the list of values. The texts that were taken from it stay.
+  void keep_texts_only() { std::vector<Token>().swap(tokens_); }
 
   // Where a value stands, as in "tools[2].params[0].name"; empty for the root.
   [[nodiscard]] std::string place_of(const Token& token) const;

@@ -57,9 +57,8 @@ std::vector<std::string_view> Node::strings() const {
 }
 
 std::size_t Node::size() const {
-  std::size_t count = 0;
-  for_each_element([&](const Node&) { ++count; });
-  return count;
+  require(Kind::array);
+  return token_->elements();
 }
 
 std::optional<Node> Node::find(std::string_view name) const {

@@ -87,7 +87,7 @@ const char* Scanner::read_object(const char* at) {
   const std::size_t object = open(at, Kind::object);
   at = skip_blanks(at + 1);
   if (*at != '}') at = read_members(at, object);
-  close(object);
+  close(object, 0);
   return at + 1;
 }
 
@@ -116,13 +116,15 @@ const char* Scanner::read_name(const char* at) {
 const char* Scanner::read_array(const char* at) {
   const std::size_t array = open(at, Kind::array);
   at = skip_blanks(at + 1);
-  if (*at != ']') at = read_elements(at);
-  close(array);
+  std::size_t elements = 0;
+  if (*at != ']') at = read_elements(at, elements);
+  close(array, elements);
   return at + 1;
 }
 
-const char* Scanner::read_elements(const char* at) {
+const char* Scanner::read_elements(const char* at, std::size_t& elements) {
   for (;;) {
+    ++elements;
     at = skip_blanks(read_value(at));
     if (*at != ',') break;
     at = skip_blanks(at + 1);
@@ -209,13 +211,13 @@ std::size_t Scanner::open(const char* at, Kind kind) {
     refuse(source_, at, "expected at most 256 levels of nesting, found more");
   }
   ++depth_;
-  tokens_.emplace_back(kind, std::size_t{1});
+  tokens_.emplace_back(kind, 0, 1);
   return tokens_.size() - 1;
 }
 
-void Scanner::close(std::size_t list) {
+void Scanner::close(std::size_t list, std::size_t elements) {
   --depth_;
-  tokens_[list] = {tokens_[list].kind(), tokens_.size() - list};
+  tokens_[list] = {tokens_[list].kind(), elements, tokens_.size() - list};
 }
 
 void Scanner::require_distinct_names(std::size_t object) const {

@@ -35,7 +35,7 @@ class Scanner {
   const char* read_members(const char* at, std::size_t object);
   const char* read_name(const char* at);
   const char* read_array(const char* at);
-  const char* read_elements(const char* at);
+  const char* read_elements(const char* at, std::size_t& elements);
   const char* read_string(const char* at);
   const char* read_escaped_string(const char* begin, const char* at);
   const char* read_number(const char* at);
@@ -44,7 +44,7 @@ class Scanner {
   [[nodiscard]] const char* skip_blanks(const char* at) const;
   [[nodiscard]] const char* skip_digits(const char* at, std::string_view expected) const;
   std::size_t open(const char* at, Kind kind);
-  void close(std::size_t list);
+  void close(std::size_t list, std::size_t elements);
   void require_distinct_names(std::size_t object) const;
   [[nodiscard]] const char* place_of(const Token& string) const;
 

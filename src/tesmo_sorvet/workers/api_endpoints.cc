@@ -2,8 +2,8 @@
 
 namespace tesmo_sorvet {
 
-std::vector<std::pair<std::string, std::string>> endpoint_frameworks(const Node& registry) {
-  std::vector<std::pair<std::string, std::string>> frameworks;
+Frameworks endpoint_frameworks(const Node& registry) {
+  Frameworks frameworks;
   const auto declared = registry.find("endpoint_frameworks");
   if (!declared) return frameworks;
   declared->for_each_member([&](std::string_view key, const Node& name) {

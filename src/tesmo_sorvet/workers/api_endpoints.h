@@ -11,7 +11,8 @@
 namespace tesmo_sorvet {
 
 // Key and name of each framework, in the order of the registry file.
-std::vector<std::pair<std::string, std::string>> endpoint_frameworks(const Node& registry);
+using Frameworks = std::vector<std::pair<std::string, std::string>>;
+Frameworks endpoint_frameworks(const Node& registry);
 
 }  // namespace tesmo_sorvet
 
