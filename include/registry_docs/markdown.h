@@ -26,44 +26,6 @@ std::string cell(std::string_view text);
 // fraction or an exponent, null as "None".
 std::string value(const Value& value);
 
-// A text that only grows at its end, in fewer steps than a std::string takes.
-class Builder {
- public:
-  Builder() : text_(std::string().capacity(), '\0') {}
-
-  Builder& operator+=(char c) {
-    if (size_ == text_.size()) grow(1);
-    text_.data()[size_++] = c;
-    return *this;
-  }
-  Builder& operator+=(std::string_view text) {
-    if (text_.size() - size_ < text.size()) grow(text.size());
-    std::char_traits<char>::copy(text_.data() + size_, text.data(), text.size());
-    size_ += text.size();
-    return *this;
-  }
-
-  // Makes room for so many bytes more.
-  void reserve(std::size_t more) {
-    if (text_.size() - size_ < more) grow(more);
-  }
-  // Takes away what stands at `size` and behind it.
-  void cut(std::size_t size) { size_ = size; }
-
-  [[nodiscard]] std::size_t size() const { return size_; }
-  [[nodiscard]] std::string_view view() const { return {text_.data(), size_}; }
-  [[nodiscard]] std::string text() && {
-    text_.resize(size_);
-    return std::move(text_);
-  }
-
- private:
-  void grow(std::size_t more);
-
-  std::string text_;  // as long as there is room
-  std::size_t size_ = 0;
-};
-
 // A table, written cell by cell from left to right and from top to bottom:
 //
 //     Table table({"Tool", "Purpose"});
@@ -85,13 +47,13 @@ class Table {
   Table& plain(std::string_view text);
   Table& code(std::string_view text);
   Table& cell(std::string_view text);
-  template <std::invocable<Builder&> Append>
+  template <std::invocable<std::string&> Append>
   Table& plain(Append append) {
     begin_cell();
     append(text_);
     return end_cell();
   }
-  template <std::invocable<Builder&> Append>
+  template <std::invocable<std::string&> Append>
   Table& cell(Append append) {
     const std::size_t begin = begin_cell();
     append(text_);
@@ -100,15 +62,15 @@ class Table {
   }
 
   // Text that stands below the table, beginning with the line feed that ends it.
-  template <std::invocable<Builder&> Append>
+  template <std::invocable<std::string&> Append>
   Table& below(Append append) {
     append(text_);
     return *this;
   }
 
   // All of it so far; a row does not end with a line feed.
-  [[nodiscard]] std::string_view text() const& { return text_.view(); }
-  [[nodiscard]] std::string text() && { return std::move(text_).text(); }
+  [[nodiscard]] const std::string& text() const& { return text_; }
+  [[nodiscard]] std::string text() && { return std::move(text_); }
 
  private:
   std::size_t begin_cell() {  // returns where the cell's text begins
@@ -121,7 +83,7 @@ class Table {
   }
   void make_safe(std::size_t begin);
 
-  Builder text_;
+  std::string text_;
 };
 
 }  // namespace registry_docs::markdown

@@ -3,19 +3,19 @@
 #define REGISTRY_DOCS_MARKDOWN_APPEND_H
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
-#include "registry_docs/markdown.h"
 #include "registry_docs/value.h"
 
 namespace registry_docs::markdown {
 
-void append_code(Builder& to, std::string_view text);
-void append_cell(Builder& to, std::string_view text);
-void append_value(Builder& to, const Value& value);
+void append_code(std::string& to, std::string_view text);
+void append_cell(std::string& to, std::string_view text);
+void append_value(std::string& to, const Value& value);
 
 // Makes what stands in `text` from `begin` on safe for one cell.
-void make_cell(Builder& text, std::size_t begin);
+void make_cell(std::string& text, std::size_t begin);
 
 }  // namespace registry_docs::markdown
 

@@ -71,7 +71,7 @@ std::size_t unchanged_size(std::string_view text) {
 }
 
 // `text` is stripped.
-void append_changed(Builder& to, std::string_view text) {
+void append_changed(std::string& to, std::string_view text) {
   while (!text.empty()) {
     const std::size_t unchanged = unchanged_size(text);
     to += text.substr(0, unchanged);
@@ -88,7 +88,7 @@ void append_changed(Builder& to, std::string_view text) {
 
 }  // namespace
 
-void append_cell(Builder& to, std::string_view text) {
+void append_cell(std::string& to, std::string_view text) {
   text = strip(text);
   if (stays(text)) {
     to += text;
@@ -97,18 +97,18 @@ void append_cell(Builder& to, std::string_view text) {
   }
 }
 
-void make_cell(Builder& text, std::size_t begin) {
-  const std::string_view written = text.view().substr(begin);
+void make_cell(std::string& text, std::size_t begin) {
+  const std::string_view written = std::string_view(text).substr(begin);
   if (strip(written) == written && stays(written)) return;
   const std::string unsafe(written);
-  text.cut(begin);
+  text.resize(begin);
   append_cell(text, unsafe);
 }
 
 std::string cell(std::string_view text) {
-  Builder made_safe;
+  std::string made_safe;
   append_cell(made_safe, text);
-  return std::move(made_safe).text();
+  return made_safe;
 }
 
 }  // namespace registry_docs::markdown

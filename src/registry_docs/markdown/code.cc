@@ -3,16 +3,16 @@
 
 namespace registry_docs::markdown {
 
-void append_code(Builder& to, std::string_view text) {
+void append_code(std::string& to, std::string_view text) {
   to += '`';
   to += text;
   to += '`';
 }
 
 std::string code(std::string_view text) {
-  Builder span;
+  std::string span;
   append_code(span, text);
-  return std::move(span).text();
+  return span;
 }
 
 }  // namespace registry_docs::markdown

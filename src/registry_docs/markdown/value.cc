@@ -62,7 +62,7 @@ std::string number(double number) {
 
 // Appends a value's spelling.
 struct Spelling {
-  Builder& to;
+  std::string& to;
 
   void operator()(std::nullptr_t) const { to += "None"; }
   void operator()(bool held) const { to += held ? "true" : "false"; }
@@ -77,12 +77,14 @@ struct Spelling {
 
 }  // namespace
 
-void append_value(Builder& to, const Value& value) { std::visit(Spelling{to}, value.held()); }
+void append_value(std::string& to, const Value& value) {
+  std::visit(Spelling{to}, value.held());
+}
 
 std::string value(const Value& value) {
-  Builder text;
+  std::string text;
   append_value(text, value);
-  return std::move(text).text();
+  return text;
 }
 
 }  // namespace registry_docs::markdown

@@ -13,7 +13,7 @@ std::string mcp_cli_block(const Host& host) {
       "options with their full texts and `tesmo-sorvet query --schema` prints them all "
       "as JSON Schema.\n\n");
   for (const auto& tool : ordered_tools(host)) {
-    table.row().code(tool->name).plain([&](markdown::Builder& to) {
+    table.row().code(tool->name).plain([&](std::string& to) {
       to += '`';
       renderers::append_cli_usage(to, host, *tool);
       to += '`';

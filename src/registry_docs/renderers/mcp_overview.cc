@@ -10,15 +10,14 @@
 namespace registry_docs {
 namespace {
 
-void append_tier(markdown::Builder& to, const std::string& tier,
-                 const renderers::Tools& tools) {
+void append_tier(std::string& to, const std::string& tier, const renderers::Tools& tools) {
   to +=
       "\n- **" + text::capitalised(tier) + "** (" + std::to_string(tools.size()) + " tools): ";
   text::append_joined(to, tools, ", ",
                       [&to](const auto& tool) { markdown::append_code(to, tool->name); });
 }
 
-void append_tiers(markdown::Builder& to, const Host& host) {
+void append_tiers(std::string& to, const Host& host) {
   to += "\n\n**Tiers:**\n";
   const std::vector<renderers::Tools> tiers = renderers::tier_tools(host);
   for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
@@ -35,13 +34,11 @@ std::string mcp_overview_block(const Host& host) {
     table.row()
         .plain(std::to_string(++number))
         .code(tool->name)
-        .plain([&](markdown::Builder& to) {
-          renderers::append_actions(to, *tool, renderers::NONE);
-        })
+        .plain([&](std::string& to) { renderers::append_actions(to, *tool, renderers::NONE); })
         .plain(text::capitalised(tool->tier))
         .cell(tool->summary);
   }
-  table.below([&host](markdown::Builder& to) { append_tiers(to, host); });
+  table.below([&host](std::string& to) { append_tiers(to, host); });
   return std::move(table).text();
 }
 

@@ -34,7 +34,7 @@ void require_same_parameters(const ToolSpec& tool,
   }
 }
 
-void append_default(markdown::Builder& to, const ParamSpec& param) {
+void append_default(std::string& to, const ParamSpec& param) {
   if (param.default_value.is_null()) {
     to += renderers::NONE;
   } else {
@@ -50,7 +50,7 @@ void append_default(markdown::Builder& to, const ParamSpec& param) {
   to += ')';
 }
 
-void append_type(markdown::Builder& to, const ToolSpec& tool, const PropertySchema& property) {
+void append_type(std::string& to, const ToolSpec& tool, const PropertySchema& property) {
   const std::string_view type = required_type(property.type, tool, property);
   if (type != "array" || !property.items) {
     to += type;
@@ -60,13 +60,13 @@ void append_type(markdown::Builder& to, const ToolSpec& tool, const PropertySche
   }
 }
 
-void append_sentence(markdown::Builder& to, std::string_view description) {
+void append_sentence(std::string& to, std::string_view description) {
   description = strip(description);
   to += description;
   if (!description.empty() && description.back() != '.') to += '.';
 }
 
-void append_bounds(markdown::Builder& to, const Value& low, const Value& high) {
+void append_bounds(std::string& to, const Value& low, const Value& high) {
   if (low.is_null() && high.is_null()) return;
   to += low.is_null() ? " At most " : high.is_null() ? " At least " : " Range: ";
   if (!low.is_null()) append_value(to, low);
@@ -77,7 +77,7 @@ void append_bounds(markdown::Builder& to, const Value& low, const Value& high) {
 
 // What the Description cell holds before it is made safe, which takes away a blank at its
 // beginning.
-void append_description(markdown::Builder& to, const ParamSpec& param,
+void append_description(std::string& to, const ParamSpec& param,
                         const PropertySchema& property) {
   append_sentence(to, property.description);
   if (param.values_text) {
@@ -88,7 +88,7 @@ void append_description(markdown::Builder& to, const ParamSpec& param,
 }
 
 std::string above_table(const ToolSpec& tool) {
-  markdown::Builder text;
+  std::string text;
   if (!tool.actions.empty()) {
     text += "**Actions:** ";
     text::append_joined(text, tool.action_names, " | ",
@@ -96,7 +96,7 @@ std::string above_table(const ToolSpec& tool) {
     text += "\n\n";
   }
   text += "#### Parameters\n\n";
-  return std::move(text).text();
+  return text;
 }
 
 // A tool without actions has no Actions column.
@@ -118,7 +118,7 @@ Names sorted(Names names) {
   return names;
 }
 
-void append_option(markdown::Builder& to, const Host& host, const ParamSpec& param) {
+void append_option(std::string& to, const Host& host, const ParamSpec& param) {
   to += "`--";
   to += host.snake_to_kebab(param.name);
   to += '`';
@@ -128,14 +128,14 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
              const ParamSpec& param, const PropertySchema& property, const Names& required) {
   table.row()
       .code(param.name)
-      .plain([&](markdown::Builder& to) { append_option(to, host, param); })
-      .plain([&](markdown::Builder& to) { append_type(to, tool, property); })
+      .plain([&](std::string& to) { append_option(to, host, param); })
+      .plain([&](std::string& to) { append_type(to, tool, property); })
       .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
-      .cell([&](markdown::Builder& to) { append_default(to, param); });
+      .cell([&](std::string& to) { append_default(to, param); });
   if (!tool.actions.empty()) {
     table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
   }
-  table.cell([&](markdown::Builder& to) { append_description(to, param, property); });
+  table.cell([&](std::string& to) { append_description(to, param, property); });
 }
 
 }  // namespace

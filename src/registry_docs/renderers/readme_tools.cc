@@ -15,9 +15,7 @@ std::string readme_tools_block(const Host& host) {
     table.row()
         .plain("**" + text::capitalised(tool->tier) + "**")
         .code(tool->name)
-        .plain([&](markdown::Builder& to) {
-          renderers::append_actions(to, *tool, renderers::NONE);
-        })
+        .plain([&](std::string& to) { renderers::append_actions(to, *tool, renderers::NONE); })
         .cell(tool->summary);
   }
   return std::move(table).text();

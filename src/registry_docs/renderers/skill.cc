@@ -12,9 +12,7 @@ std::string skill_tools_block(const Host& host) {
   for (const auto& tool : ordered_tools(host)) {
     table.row()
         .code(tool->name)
-        .plain([&](markdown::Builder& to) {
-          renderers::append_actions(to, *tool, "*(one call)*");
-        })
+        .plain([&](std::string& to) { renderers::append_actions(to, *tool, "*(one call)*"); })
         .cell(tool->mcp_text);
   }
   return std::move(table).text();

@@ -43,14 +43,13 @@ std::string tier_counts(const Host& host) {
   return text::join(counts, " and ");
 }
 
-void append_actions(markdown::Builder& to, const ToolSpec& tool,
-                    std::string_view placeholder) {
+void append_actions(std::string& to, const ToolSpec& tool, std::string_view placeholder) {
   if (tool.action_names.empty()) to += placeholder;
   text::append_joined(to, tool.action_names, ", ",
                       [&to](std::string_view action) { markdown::append_code(to, action); });
 }
 
-void append_cli_usage(markdown::Builder& to, const Host& host, const ToolSpec& tool) {
+void append_cli_usage(std::string& to, const Host& host, const ToolSpec& tool) {
   to += "tesmo-sorvet query ";
   to += host.snake_to_kebab(tool.name);
   for (const ParamSpec& param : tool.all_params) {
@@ -82,9 +81,9 @@ std::vector<std::shared_ptr<const ToolSpec>> ordered_tools(const Host& host) {
 }
 
 std::string cli_usage(const Host& host, const ToolSpec& tool) {
-  markdown::Builder line;
+  std::string line;
   renderers::append_cli_usage(line, host, tool);
-  return std::move(line).text();
+  return line;
 }
 
 }  // namespace registry_docs

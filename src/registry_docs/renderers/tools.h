@@ -25,10 +25,10 @@ std::vector<Tools> tier_tools(const Host& host);
 std::string tier_counts(const Host& host);
 
 // Appends the tool's actions as code spans, or the placeholder as it is.
-void append_actions(markdown::Builder& to, const ToolSpec& tool, std::string_view placeholder);
+void append_actions(std::string& to, const ToolSpec& tool, std::string_view placeholder);
 
 // Appends what cli_usage returns.
-void append_cli_usage(markdown::Builder& to, const Host& host, const ToolSpec& tool);
+void append_cli_usage(std::string& to, const Host& host, const ToolSpec& tool);
 
 }  // namespace registry_docs::renderers
 

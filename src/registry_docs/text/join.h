@@ -9,8 +9,9 @@
 namespace registry_docs::text {
 
 // Has `append` append each item to `to`, and the separator stand between every two.
-template <typename Text, typename Items, typename Append>
-void append_joined(Text& to, const Items& items, std::string_view separator, Append append) {
+template <typename Items, typename Append>
+void append_joined(std::string& to, const Items& items, std::string_view separator,
+                   Append append) {
   bool is_first = true;
   for (const auto& item : items) {
     if (!is_first) to += separator;
