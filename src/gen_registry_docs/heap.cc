@@ -3,6 +3,7 @@
 #include <malloc.h>
 #include <sys/mman.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 

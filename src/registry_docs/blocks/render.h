@@ -12,6 +12,7 @@
 
 namespace registry_docs::blocks {
 
+// Whether the block's body is `body` and one line feed.
 inline bool has_body(const Block& block, std::string_view body) {
   return block.body.size() == body.size() + 1 && block.body.starts_with(body) &&
          block.body.back() == '\n';
