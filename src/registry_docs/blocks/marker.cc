@@ -1,3 +1,5 @@
+#include <array>
+
 #include "registry_docs/markers.h"
 #include "registry_docs/text/code_point.h"
 
@@ -18,27 +20,33 @@ std::size_t find_comment(std::string_view text, std::size_t from) {
   return std::string_view::npos;
 }
 
-// The size in bytes of the name character at `at`, or 0.
-std::size_t name_character_size(std::string_view text, std::size_t at) {
-  const char c = text[at];
-  if (static_cast<unsigned char>(c) < 0x80) {
-    const bool is_name = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                         (c >= '0' && c <= '9') || c == '_' || c == ':' || c == '-';
-    return is_name ? 1 : 0;
-  }
-  const text::CodePoint found = text::code_point_at(text, at);
+// By byte: whether it is a name character of ASCII.
+constexpr std::array<bool, 256> make_name_bytes() {
+  std::array<bool, 256> found{};
+  for (unsigned c = '0'; c <= '9'; ++c) found[c] = true;
+  for (unsigned c = 'A'; c <= 'Z'; ++c) found[c] = found[c - 'A' + 'a'] = true;
+  found['_'] = found[':'] = found['-'] = true;
+  return found;
+}
+constexpr std::array<bool, 256> name_bytes = make_name_bytes();
+
+// The size in bytes of the name character beyond ASCII that `text` begins with, or 0.
+std::size_t wide_name_character_size(std::string_view text) {
+  if (text.empty() || static_cast<unsigned char>(text[0]) < 0x80) return 0;
+  const text::CodePoint found = text::code_point_at(text, 0);
   return text::is_letter_or_number(found.value) ? found.size : 0;
 }
 
-// The longest run of name characters at `at`.
-std::string_view name_at(std::string_view text, std::size_t at) {
-  std::size_t end = at;
-  while (end < text.size()) {
-    const std::size_t size = name_character_size(text, end);
-    if (size == 0) break;
+// The longest run of name characters that `text` begins with.
+std::string_view leading_name(std::string_view text) {
+  const char* const text_end = text.data() + text.size();
+  const char* end = text.data();
+  for (;;) {
+    while (end != text_end && name_bytes[static_cast<unsigned char>(*end)]) ++end;
+    const std::size_t size = wide_name_character_size({end, text_end});
+    if (size == 0) return {text.data(), end};
     end += size;
   }
-  return text.substr(at, end - at);
 }
 
 // The marker whose "<!-- " stands at `begin`, if it is one.
@@ -48,7 +56,7 @@ std::optional<Marker> marker_at(std::string_view text, std::size_t begin) {
   if (is_closing) ++at;
   if (!text.substr(at).starts_with(keyword)) return std::nullopt;
   at += keyword.size();
-  const std::string_view name = name_at(text, at);
+  const std::string_view name = leading_name(text.substr(at));
   at += name.size();
   if (name.empty() || !text.substr(at).starts_with(comment_close)) return std::nullopt;
   return Marker{.kind = is_closing ? Marker::Kind::closing : Marker::Kind::opening,
