@@ -10,7 +10,6 @@
 namespace tesmo_sorvet {
 namespace {
 
-using registry_docs::InputSchema;
 using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
 using registry_docs::Value;
