@@ -52,6 +52,7 @@ bool Node::boolean() const {
 
 std::vector<std::string_view> Node::strings() const {
   std::vector<std::string_view> found;
+  found.reserve(size());
   for_each_element([&](const Node& element) { found.push_back(element.string()); });
   return found;
 }
