@@ -48,7 +48,7 @@ Document registry_document(const std::filesystem::path& root,
 struct Declarations {
   Declarations(const std::filesystem::path& root, const std::optional<std::string>& registry)
       : document(registry_document(root, registry)) {
-    document.keep_texts_only();
+    document.keep_texts_only();  // 0.9 of the time of 10,000 tools: the files take its room
   }
 
   Document document;
