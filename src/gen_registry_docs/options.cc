@@ -3,20 +3,37 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <vector>
+
+#include "gen_registry_docs/nearest.h"
 
 namespace gen_registry_docs {
 namespace {
 
-struct Switch {
+struct ActionSwitch {
   std::string_view name;
   Action action;
 };
+constexpr std::array<ActionSwitch, 6> actions = {{{"--check", Action::check},
+                                                  {"--write", Action::write},
+                                                  {"--list", Action::list},
+                                                  {"--help", Action::help},
+                                                  {"-h", Action::help},
+                                                  {"--version", Action::version}}};
 
-constexpr std::array<Switch, 5> switches = {{{"--check", Action::check},
-                                             {"--write", Action::write},
-                                             {"--help", Action::help},
-                                             {"-h", Action::help},
-                                             {"--version", Action::version}}};
+struct FlagSwitch {
+  std::string_view name;
+  bool Options::*flag;
+};
+constexpr std::array<FlagSwitch, 2> flags = {
+    {{"--quiet", &Options::quiet}, {"--exit-code", &Options::exit_code}}};
+
+struct ValueSwitch {
+  std::string_view name;
+  std::optional<std::string> Options::*value;
+};
+constexpr std::array<ValueSwitch, 2> values = {
+    {{"--root", &Options::root}, {"--registry", &Options::registry}}};
 
 // The command line, taken from left to right.
 class Arguments {
@@ -54,9 +71,41 @@ bool take_value(std::string_view name, std::string_view argument, Arguments& res
   return true;
 }
 
-UsageError wrong_actions(bool any) {
-  return UsageError(any ? "--check --write: expected one of them, found both"
-                        : "gen_registry_docs: expected --check or --write, found neither");
+bool take_any_value(std::string_view argument, Arguments& rest, Options& options) {
+  return std::ranges::any_of(values, [&](const ValueSwitch& each) {
+    return take_value(each.name, argument, rest, options.*(each.value));
+  });
+}
+
+// The option that was probably meant.
+std::string_view meant_option(std::string_view argument) {
+  std::vector<std::string_view> names;
+  const auto add = [&names](const auto& each) { names.push_back(each.name); };
+  std::ranges::for_each(actions, add);
+  std::ranges::for_each(flags, add);
+  std::ranges::for_each(values, add);
+  return nearest(argument.substr(0, argument.find('=')), names);
+}
+
+UsageError unknown_option(std::string_view argument) {
+  const std::string_view option = meant_option(argument);
+  const std::string meant = option.empty() ? "" : ", perhaps " + std::string(option);
+  return UsageError(quoted(argument) + ": expected an option" + meant + ", see --help");
+}
+
+std::string_view name_of(Action action) {
+  return std::ranges::find(actions, action, &ActionSwitch::action)->name;
+}
+
+// Refuses what makes no sense together.
+void require_consistency(const Options& options) {
+  const std::string found = ", found " + std::string(name_of(options.action));
+  if (options.quiet && options.action == Action::list) {
+    throw UsageError("--quiet: expected --check or --write beside it" + found);
+  }
+  if (options.exit_code && options.action != Action::write) {
+    throw UsageError("--exit-code: expected --write beside it" + found);
+  }
 }
 
 }  // namespace
@@ -65,20 +114,24 @@ const char* const help_text =
     R"(Makes every list of a tool server's tools from its registry.
 
 usage: gen_registry_docs (--check | --write) [--root DIR] [--registry FILE]
+       gen_registry_docs --list [--root DIR] [--registry FILE]
 
   --check          name every file whose generated blocks are out of date or whose
                    markers are wrong, one line each; write nothing
   --write          rewrite the files whose blocks are out of date, and print their paths
+  --list           show every generated block with its file, line and state
   --root DIR       the repository (default: the nearest directory, from the current one
                    upward, that holds src/tesmo_sorvet/tool_registry.json)
   --registry FILE  the registry file (default: that file under the root; "-" is standard
                    input)
+  --quiet          print nothing but errors
+  --exit-code      with --write: end with 1 when a file was written
   --help           print this text
   --version        print the version
 
 exit status
   0  nothing to report: all current, or written
-  1  --check found problems, or --write was refused because of one
+  1  --check found problems, --write was refused because of one, or --exit-code
   2  it could not do its work: wrong usage, a registry that cannot be used, a file that
      cannot be read, decoded or written
 )";
@@ -88,20 +141,29 @@ Options parse_options(std::span<const char* const> arguments) {
   std::optional<Action> action;
   for (Arguments rest(arguments); !rest.empty();) {
     const std::string_view argument = rest.take();
-    const auto* const found = std::ranges::find(switches, argument, &Switch::name);
-    if (found != switches.end()) {
+    const auto* const found = std::ranges::find(actions, argument, &ActionSwitch::name);
+    const auto* const flag = std::ranges::find(flags, argument, &FlagSwitch::name);
+    if (found != actions.end()) {
       if (found->action == Action::help || found->action == Action::version) {
         return {.action = found->action};
       }
-      if (action && *action != found->action) throw wrong_actions(true);
+      if (action && *action != found->action) {
+        const auto [first, second] = std::minmax({*action, found->action});
+        throw UsageError(std::string(name_of(first)) + " " + std::string(name_of(second)) +
+                         ": expected one of them, found both");
+      }
       action = found->action;
-    } else if (!take_value("--root", argument, rest, options.root) &&
-               !take_value("--registry", argument, rest, options.registry)) {
-      throw UsageError(quoted(argument) + ": expected an option, see --help");
+    } else if (flag != flags.end()) {
+      options.*(flag->flag) = true;
+    } else if (!take_any_value(argument, rest, options)) {
+      throw unknown_option(argument);
     }
   }
-  if (!action) throw wrong_actions(false);
+  if (!action) {
+    throw UsageError("gen_registry_docs: expected --check, --write or --list, found none");
+  }
   options.action = *action;
+  require_consistency(options);
   return options;
 }
 

@@ -15,12 +15,14 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class Action { check, write, help, version };
+enum class Action { check, write, list, help, version };
 
 struct Options {
   Action action = Action::check;
   std::optional<std::string> root = {};      // the default is searched for
   std::optional<std::string> registry = {};  // the default lies under the root
+  bool quiet = false;                        // say nothing of problems and files written
+  bool exit_code = false;                    // of a write: tell whether it wrote
 };
 
 // `arguments` without the program's name. Throws UsageError.

@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "gen_registry_docs/heap.h"
+#include "gen_registry_docs/list.h"
 #include "registry_docs/registry_docs.h"
+#include "registry_docs/report.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
@@ -71,19 +73,36 @@ void advise(const Options& options) {
 
 int check(const registry_docs::Host& host, const fs::path& root, const Options& options) {
   const std::vector<std::string> problems = registry_docs::stale_blocks(host, root);
-  print_lines(problems);
+  if (!options.quiet) print_lines(problems);
   if (problems.empty()) return 0;
-  advise(options);
+  if (!options.quiet) advise(options);
   return 1;
 }
 
-int write(const registry_docs::Host& host, const fs::path& root) {
+int write(const registry_docs::Host& host, const fs::path& root, const Options& options) {
   try {
-    print_lines(registry_docs::write_blocks(host, root));
-    return 0;
+    const std::vector<std::string> written = registry_docs::write_blocks(host, root);
+    if (!options.quiet) print_lines(written);
+    return options.exit_code && !written.empty() ? 1 : 0;
   } catch (const registry_docs::ValueError& error) {
     print_error(error.what());
     return 1;
+  }
+}
+
+int list(const registry_docs::Host& host, const fs::path& root) {
+  print(block_list(registry_docs::report(host, root)));
+  return 0;
+}
+
+int carry_out(const Options& options, const registry_docs::Host& host, const fs::path& root) {
+  switch (options.action) {
+    case Action::check:
+      return check(host, root, options);
+    case Action::write:
+      return write(host, root, options);
+    default:
+      return list(host, root);
   }
 }
 
@@ -103,8 +122,7 @@ int run(const Options& options) {
   ready_heap(options.registry ? fs::path(*options.registry)
                               : root / tesmo_sorvet::registry_path);
   const registry_docs::Host host = tesmo_sorvet::bind_host(root, options.registry);
-  const int status =
-      options.action == Action::check ? check(host, root, options) : write(host, root);
+  const int status = carry_out(options, host, root);
   // The system takes back the memory of a large registry at once. Giving it back piece by
   // piece first is a tenth of a check of 10,000 tools.
   std::_Exit(status);

@@ -70,12 +70,17 @@ ODD = {  # messages about what may stand in a file's place, and how it is put th
 }
 
 REFUSED = {  # command lines, and the messages of their refusals
-    "": "gen_registry_docs: expected --check or --write, found neither",
+    "": "gen_registry_docs: expected --check, --write or --list, found none",
     "--write --check": "--check --write: expected one of them, found both",
+    "--list --check": "--check --list: expected one of them, found both",
+    "--list --quiet": "--quiet: expected --check or --write beside it, found --list",
+    "--exit-code --check": "--exit-code: expected --write beside it, found --check",
     "--check --root": "--root: expected a value, found nothing",
     "--check --registry=": "--registry: expected a value, found an empty one",
     "--root=. --check --root .": "--root: expected once, found again",
-    "--check --roots .": "'--roots': expected an option, see --help",
+    "--check --roots=.": "'--roots=.': expected an option, perhaps --root, see --help",
+    "--chekc": "'--chekc': expected an option, perhaps --check, see --help",
+    "--diffs": "'--diffs': expected an option, see --help",
     "--check --root /absent": f"/absent/src/tesmo_sorvet/tool_registry.json: {NO_FILE}",
     "--check --registry absent.json": f"absent.json: {NO_FILE}",
     "--check --registry -": "-:1:1: expected a JSON object, found the end of the document",
@@ -212,8 +217,31 @@ class Driver(unittest.TestCase):
         message = f"{registry}:1:2: expected a JSON value, found 'o'\n"
         self.expect(2, "", message, self.root, "--write")
 
+    def test_list(self):
+        self.renew(STALE, (CONFIG, "registry:rules-routes -->", "registry:größe -->"),
+                   (MCP, "registry:mcp-cli", "registry:mcp-intro"))
+        listed = subprocess.check_output([os.environ["PROGRAM"], "--list"], cwd=self.root)
+        lines = listed.decode().splitlines()
+        rows = {tuple(line.split()) for line in lines}
+        expected = {
+            ("FILE", "BLOCK", "LINE", "STATE"), (SKILL, "skill-routes", "43", "current"),
+            (CONFIG, "größe", "34", "unknown"), (CONFIG, "rules-routes", "-", "missing"),
+            (README, "readme-tools", "50", "stale"), (MCP, "mcp-intro", "3", "repeated"),
+            (MCP, "mcp-intro", "37", "repeated"), (MCP, "mcp-cli", "-", "missing")}
+        self.assertEqual(expected - rows, set())
+        self.assertEqual(len({line.rindex("  ") for line in lines}), 1, "columns")
+
+    def test_what_scripts_need(self):
+        for arguments, status, output in (("--check --quiet", 1, ""), ("--write --quiet", 0, ""),
+                                          ("--write --exit-code", 1, "README.md\n"),
+                                          ("--write --exit-code --quiet", 1, "")):
+            with self.subTest(arguments):
+                self.renew(STALE)
+                self.expect(status, output, "", self.root, *arguments.split())
+        self.expect(0, "", "", self.root, "--write", "--exit-code")
+
     def test_output_that_cannot_be_written(self):
-        for option in ("--check", "--help", "--version"):
+        for option in ("--check", "--list", "--help", "--version"):
             with self.subTest(option), open("/dev/full", "wb") as full:
                 for reason, more in (("No space left on device", {"stdout": full}),
                                      ("Bad file descriptor", {"preexec_fn": lambda: os.close(1)})):

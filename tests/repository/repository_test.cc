@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "registry_docs/registry_docs.h"
+#include "registry_docs/report.h"
 #include "support/awkward_host.h"
 #include "support/temporary_directory.h"
 #include "support/text.h"
@@ -62,6 +63,16 @@ class Repository : public ::testing::Test {
  protected:
   Repository() { support::lay_out(host, root); }
 
+  // The check's lines, which the reports hold too.
+  Lines checked() {
+    Lines problems;
+    for (const FileReport& file : report(host, root)) {
+      if (!file.problem.empty()) problems.push_back(file.problem);
+    }
+    EXPECT_EQ(stale_blocks(host, root), problems);
+    return problems;
+  }
+
   template <typename Failure>
   void expect_refusal(const std::string& message) {
     EXPECT_EQ(message_of<Failure>([this] { stale_blocks(host, root); }), message);
@@ -76,22 +87,24 @@ class Repository : public ::testing::Test {
 TEST_F(Repository, IsNamedInTableOrderAndItsBlocksInTextOrder) {
   const std::string params =
       "params:one_action, params:größe_suche, params:plain__tool_, params:many_kinds, ";
-  EXPECT_EQ(stale_blocks(host, root),
-            lines({"skill-tools, skill-routes", "rules-routes", "rules-block", "readme-tools",
-                   params + "mcp-cli, mcp-overview, mcp-intro"}));
+  EXPECT_EQ(checked(), lines({"skill-tools, skill-routes", "rules-routes", "rules-block",
+                              "readme-tools", params + "mcp-cli, mcp-overview, mcp-intro"}));
   EXPECT_EQ(write_blocks(host, root), paths);
-  EXPECT_EQ(stale_blocks(host, root), Lines{});
+  EXPECT_EQ(checked(), Lines{});
   EXPECT_EQ(write_blocks(host, root), Lines{});
   host.ENDPOINT_FRAMEWORKS.clear();
-  EXPECT_EQ(stale_blocks(host, root), lines({"skill-routes"}));
+  EXPECT_EQ(checked(), lines({"skill-routes"}));
 }
 
 TEST_F(Repository, ReportsAValueErrorOfARendererAndPassesOnEveryOtherFailure) {
   const std::string before = read_file(root / paths[0]);
   host.rules_table = []() -> std::string { throw ValueError("routes: none"); };
-  const Lines found = stale_blocks(host, root);
+  const Lines found = checked();
   EXPECT_EQ(std::ranges::count(found, "routes: none"), 2);
   EXPECT_EQ(found.size(), paths.size());
+  const FileReport failed = report(host, root)[1];
+  EXPECT_EQ(failed.state, FileState::failed);
+  EXPECT_EQ(failed.blocks.front().state, BlockState::failed);
   EXPECT_EQ(message_of<ValueError>([this] { write_blocks(host, root); }), "routes: none");
   host.rules_table = []() -> std::string { throw std::domain_error("as it was"); };
   expect_refusal<std::domain_error>("as it was");
@@ -105,7 +118,7 @@ TEST_F(Repository, ReportsATextThatDiffersThoughNoBlockDoes) {
   write_blocks(host, root);
   support::write_file(root / paths[1], markers("[rules-routes]\n1\n[/rules-routes]"));
   host.rules_table = [] { return markers("1\n[/rules-routes][rules-routes]\n1"); };
-  EXPECT_EQ(stale_blocks(host, root).front(), paths[1] + stale);
+  EXPECT_EQ(checked().front(), paths[1] + stale);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
 #include "registry_docs/registry_docs.h"
+#include "registry_docs/repository/problem.h"
 #include "registry_docs/text.h"
 #include "registry_docs/text/join.h"
 
@@ -24,14 +25,23 @@ std::vector<std::string_view> stale_names(std::string_view text, std::string_vie
   return stale;
 }
 
+}  // namespace
+
+std::string repository::stale_line(const GeneratedFile& generated, std::string_view text,
+                                   std::string_view rendered) {
+  return generated.path +
+         ": blocks out of date: " + text::join(stale_names(text, rendered), ", ");
+}
+
+namespace {
+
 // The file's problem line, or nothing when it is current.
 std::optional<std::string> problem_line(const std::string& text,
                                         const GeneratedFile& generated) {
   try {
     const auto rendered = blocks::changed_file(text, generated);
     if (!rendered) return std::nullopt;
-    return generated.path +
-           ": blocks out of date: " + text::join(stale_names(text, *rendered), ", ");
+    return repository::stale_line(generated, text, *rendered);
   } catch (const ValueError& error) {
     return error.what();
   }

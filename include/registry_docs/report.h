@@ -1,0 +1,53 @@
+// The check with its particulars: what stands in the generated files, block by block.
+#ifndef REGISTRY_DOCS_REPORT_H
+#define REGISTRY_DOCS_REPORT_H
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "registry_docs/registry_docs.h"
+
+namespace registry_docs {
+
+enum class BlockState {
+  current,
+  stale,     // its body differs from what the registry renders now
+  failed,    // its renderer raised a ValueError
+  missing,   // declared, and not in the file
+  unknown,   // in the file, and not declared
+  repeated,  // in the file more than once
+};
+
+// A block of a file. One that stands there more than once is reported once for each time.
+struct BlockReport {
+  std::string name;
+  BlockState state = BlockState::current;
+  std::size_t line = 0;  // of its opening marker, counted from 1; 0: it is missing
+};
+
+enum class FileState {
+  current,
+  stale,          // a block's body differs
+  wrong_markers,  // it does not hold exactly the declared blocks; none was rendered
+  failed,         // a renderer raised a ValueError
+};
+
+struct FileReport {
+  std::string path;  // as the table declares it
+  FileState state = FileState::current;
+  std::vector<BlockReport> blocks = {};  // as they stand in the file, then the missing ones
+  std::string problem = {};              // the line of stale_blocks; empty when current
+  std::string text = {};                 // the file's text, with line feeds
+  std::string rendered = {};             // of a stale file: the text that a write would write
+};
+
+// One report for each generated file under `root`, in table order. Writes nothing. A file is
+// current, and has the problem line, exactly as stale_blocks says; renderers are called more
+// than once. Throws what stale_blocks throws.
+std::vector<FileReport> report(const Host& host, const std::filesystem::path& root);
+
+}  // namespace registry_docs
+
+#endif  // REGISTRY_DOCS_REPORT_H

@@ -1,0 +1,81 @@
+#include "gen_registry_docs/list.h"
+
+#include <algorithm>
+#include <array>
+
+#include "registry_docs/text.h"
+
+namespace gen_registry_docs {
+namespace {
+
+using registry_docs::BlockState;
+using Row = std::array<std::string, 4>;
+using Widths = std::array<std::size_t, 4>;
+
+const char* state_name(BlockState state) {
+  switch (state) {
+    case BlockState::current:
+      return "current";
+    case BlockState::stale:
+      return "stale";
+    case BlockState::failed:
+      return "failed";
+    case BlockState::missing:
+      return "missing";
+    case BlockState::unknown:
+      return "unknown";
+    case BlockState::repeated:
+      return "repeated";
+  }
+  return "";
+}
+
+// In code points.
+std::size_t width(const std::string& text) {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+std::vector<Row> rows(const std::vector<registry_docs::FileReport>& files) {
+  std::vector<Row> made = {{"FILE", "BLOCK", "LINE", "STATE"}};
+  for (const registry_docs::FileReport& file : files) {
+    for (const registry_docs::BlockReport& block : file.blocks) {
+      made.push_back({file.path, registry_docs::visible(block.name),
+                      block.line == 0 ? "-" : std::to_string(block.line),
+                      state_name(block.state)});
+    }
+  }
+  return made;
+}
+
+Widths widths(const std::vector<Row>& rows) {
+  Widths widest{};
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      widest[i] = std::max(widest[i], width(row[i]));
+  }
+  return widest;
+}
+
+void append_row(std::string& to, const Row& row, const Widths& widths) {
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    const bool is_number = i == 2;
+    const std::string padding(widths[i] - width(row[i]), ' ');
+    to += is_number ? padding + row[i] : row[i];
+    if (i + 1 == row.size()) break;
+    to += is_number ? "  " : padding + "  ";
+  }
+  to += '\n';
+}
+
+}  // namespace
+
+std::string block_list(const std::vector<registry_docs::FileReport>& files) {
+  const std::vector<Row> all = rows(files);
+  const Widths widest = widths(all);
+  std::string table;
+  for (const Row& row : all) append_row(table, row, widest);
+  return table;
+}
+
+}  // namespace gen_registry_docs

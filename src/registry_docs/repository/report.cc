@@ -1,0 +1,102 @@
+#include "registry_docs/report.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "registry_docs/blocks/render.h"
+#include "registry_docs/blocks/scan.h"
+#include "registry_docs/repository/problem.h"
+#include "registry_docs/text.h"
+
+namespace registry_docs {
+namespace {
+
+using Matches = std::vector<blocks::Block>;
+
+// Each block of the text with its line, as current.
+std::vector<BlockReport> reports_of(std::string_view text, const Matches& matches) {
+  std::vector<BlockReport> reports;
+  const char* at = text.data();
+  std::size_t line = 1;
+  for (const blocks::Block& match : matches) {
+    line += static_cast<std::size_t>(std::count(at, match.open.data(), '\n'));
+    at = match.open.data();
+    reports.push_back({.name = std::string(match.name), .line = line});
+  }
+  return reports;
+}
+
+// Says which blocks are not as declared, and adds the missing ones.
+void report_markers(FileReport& report, const GeneratedFile& generated) {
+  std::unordered_map<std::string_view, std::size_t> counts;
+  for (const BlockReport& block : report.blocks) ++counts[block.name];
+  std::unordered_set<std::string_view> declared;
+  for (const auto& [name, renderer] : generated.blocks) declared.insert(name);
+  for (BlockReport& block : report.blocks) {
+    if (counts.at(block.name) > 1) block.state = BlockState::repeated;
+    if (!declared.contains(block.name)) block.state = BlockState::unknown;
+  }
+  std::vector<BlockReport> missing;
+  for (const auto& [name, renderer] : generated.blocks) {
+    if (!counts.contains(name)) {
+      missing.push_back({.name = name, .state = BlockState::missing});
+    }
+  }
+  std::ranges::move(missing, std::back_inserter(report.blocks));
+}
+
+BlockState state_of(const blocks::Block& match, const Renderer& renderer,
+                    const Encoder& encode) {
+  try {
+    const bool is_current = blocks::has_body(match, encode(renderer()));
+    return is_current ? BlockState::current : BlockState::stale;
+  } catch (const ValueError&) {
+    return BlockState::failed;
+  }
+}
+
+// Says which blocks differ from what their renderers make; the markers are as declared.
+void report_bodies(FileReport& report, const Matches& matches,
+                   const GeneratedFile& generated) {
+  std::unordered_map<std::string_view, const Renderer*> renderers;
+  for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
+  for (std::size_t i = 0; i < matches.size(); ++i) {
+    report.blocks[i].state =
+        state_of(matches[i], *renderers.at(matches[i].name), generated.encode);
+  }
+}
+
+FileReport report_of(const GeneratedFile& generated, std::string text) {
+  FileReport report{.path = generated.path, .text = std::move(text)};
+  const Matches matches = blocks::scan(report.text);
+  report.blocks = reports_of(report.text, matches);
+  report_markers(report, generated);
+  const bool has_right_markers = std::ranges::all_of(
+      report.blocks,
+      [](const BlockReport& block) { return block.state == BlockState::current; });
+  try {
+    auto rendered = blocks::changed_file(report.text, generated);
+    if (!rendered) return report;
+    report.state = FileState::stale;
+    report.problem = repository::stale_line(generated, report.text, *rendered);
+    report.rendered = *std::move(rendered);
+  } catch (const ValueError& error) {
+    report.state = has_right_markers ? FileState::failed : FileState::wrong_markers;
+    report.problem = error.what();
+  }
+  if (has_right_markers) report_bodies(report, matches, generated);
+  return report;
+}
+
+}  // namespace
+
+std::vector<FileReport> report(const Host& host, const std::filesystem::path& root) {
+  std::vector<FileReport> reports;
+  for (const GeneratedFile& generated : generated_files(host)) {
+    reports.push_back(report_of(generated, read_text(root / generated.path)));
+  }
+  return reports;
+}
+
+}  // namespace registry_docs
