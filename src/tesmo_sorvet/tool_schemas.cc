@@ -67,7 +67,6 @@ void read_schema(const SchemaMembers& declared, PropertySchema& schema) {
   read_bound(declared.maximum, schema.maximum);
 }
 
-// The names are in the order in which registries mostly have them: see Node::find_each.
 void read_param(const Node& declared, ParamSpec& param, PropertySchema& schema) {
   constexpr std::array<std::string_view, 11> names = {
       "name",    "type",    "items",  "description",     "required",  "default",

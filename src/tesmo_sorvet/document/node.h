@@ -2,7 +2,9 @@
 #ifndef TESMO_SORVET_DOCUMENT_NODE_H
 #define TESMO_SORVET_DOCUMENT_NODE_H
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -48,21 +50,14 @@ class Node {
   [[nodiscard]] std::optional<Node> find(std::string_view name) const;
   [[nodiscard]] Node at(std::string_view name) const;
 
-  // The members of these names, each as `find` returns it, found in one pass. Fastest where
-  // `names` are in the order in which objects mostly have them.
+  // The members of these names, each as `find` returns it, found in one pass.
   template <std::size_t Count>
   [[nodiscard]] std::array<std::optional<Node>, Count> find_each(
       const std::array<std::string_view, Count>& names) const {
     std::array<std::optional<Node>, Count> found{};
-    std::size_t next = 0;
     for_each_member([&](std::string_view name, const Node& member) {
-      for (std::size_t tried = 0; tried < Count; ++tried) {
-        const std::size_t place = next;
-        next = next + 1 == Count ? 0 : next + 1;
-        if (names[place] != name) continue;
-        found[place] = member;
-        return;
-      }
+      const auto place = std::ranges::find(names, name) - names.begin();
+      if (place < std::ssize(names)) found[static_cast<std::size_t>(place)] = member;
     });
     return found;
   }
