@@ -24,23 +24,27 @@ enum class BlockState {
 struct BlockReport {
   std::string name;
   BlockState state = BlockState::current;
-  std::size_t line = 0;  // of its opening marker, counted from 1; 0: it is missing
+  std::size_t line = 0;       // of its opening marker, counted from 1; 0: it is missing
+  std::size_t last_line = 0;  // of its closing marker
+  std::size_t begin = 0;      // of its body, a byte offset in the file's text
+  std::size_t end = 0;
+  std::string rendered = {};  // of a stale block: the body that a write would write
 };
 
 enum class FileState {
   current,
   stale,          // a block's body differs
-  wrong_markers,  // it does not hold exactly the declared blocks; none was rendered
+  wrong_markers,  // it does not hold exactly the declared blocks, and cannot be written
   failed,         // a renderer raised a ValueError
 };
 
 struct FileReport {
   std::string path;  // as the table declares it
   FileState state = FileState::current;
-  std::vector<BlockReport> blocks = {};  // as they stand in the file, then the missing ones
-  std::string problem = {};              // the line of stale_blocks; empty when current
-  std::string text = {};                 // the file's text, with line feeds
-  std::string rendered = {};             // of a stale file: the text that a write would write
+  std::vector<BlockReport> blocks = {};    // as they stand in the file, then the missing ones
+  std::vector<std::string> declared = {};  // the names of the blocks that it shall hold
+  std::string problem = {};                // the line of stale_blocks; empty when current
+  std::string text = {};                   // the file's text, with line feeds
 };
 
 // One report for each generated file under `root`, in table order. Writes nothing. A file is

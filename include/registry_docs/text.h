@@ -2,6 +2,7 @@
 #ifndef REGISTRY_DOCS_TEXT_H
 #define REGISTRY_DOCS_TEXT_H
 
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -24,6 +25,25 @@ std::string_view strip(std::string_view text);
 // and line separators stand in it as escapes ("\n", "\x1b", "\u202e"), as does every byte
 // ("\xff") that is no UTF-8. Everything else stays as it is.
 std::string visible(std::string_view bytes);
+
+// The lines of a text, found from its beginning on, in one pass for all.
+class LineCounter {
+ public:
+  // Borrows `text`.
+  explicit LineCounter(std::string_view text) : at_(text.data()) {}
+
+  // The line, counted from 1, that `place`, within the text, stands in. It must not lie before
+  // the place that was asked for last.
+  std::size_t line_of(const char* place) {
+    line_ += static_cast<std::size_t>(std::count(at_, place, '\n'));
+    at_ = place;
+    return line_;
+  }
+
+ private:
+  const char* at_;
+  std::size_t line_ = 1;
+};
 
 enum class FileKind { regular, regular_or_pipe };
 

@@ -3,32 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "gen_registry_docs/state_name.h"
 #include "registry_docs/text.h"
 
 namespace gen_registry_docs {
 namespace {
 
-using registry_docs::BlockState;
 using Row = std::array<std::string, 4>;
 using Widths = std::array<std::size_t, 4>;
-
-const char* state_name(BlockState state) {
-  switch (state) {
-    case BlockState::current:
-      return "current";
-    case BlockState::stale:
-      return "stale";
-    case BlockState::failed:
-      return "failed";
-    case BlockState::missing:
-      return "missing";
-    case BlockState::unknown:
-      return "unknown";
-    case BlockState::repeated:
-      return "repeated";
-  }
-  return "";
-}
 
 // In code points.
 std::size_t width(const std::string& text) {

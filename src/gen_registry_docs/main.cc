@@ -3,18 +3,19 @@
 #include <exception>
 #include <new>
 
+#include "gen_registry_docs/output.h"
 #include "gen_registry_docs/run.h"
 
 int main(int argc, char** argv) {
+  using namespace gen_registry_docs;
   // A write beyond a file-size limit is to fail and be undone, not to end the program.
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   try {
-    const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
-    return gen_registry_docs::run(options);
+    return run(parse_options({argv + 1, argv + argc}), argv[0]);
   } catch (const std::bad_alloc&) {
-    gen_registry_docs::print_error("gen_registry_docs: expected more memory, found none left");
+    print_error("gen_registry_docs: expected more memory, found none left");
   } catch (const std::exception& error) {
-    gen_registry_docs::print_error(error.what());
+    print_error(error.what());
   }
   return 2;
 }

@@ -27,8 +27,9 @@ std::size_t distance(std::string_view from, std::string_view to) {
 }
 
 bool is_near(std::string_view name, std::string_view candidate) {
-  if (name.size() > candidate.size() + most) return false;  // however long it is
-  return distance(name, candidate) <= std::min(most, candidate.size() / 3);
+  const std::size_t limit = std::min(most, candidate.size() / 3);
+  const auto [shorter, longer] = std::minmax(name.size(), candidate.size());
+  return longer - shorter <= limit && distance(name, candidate) <= limit;
 }
 
 }  // namespace

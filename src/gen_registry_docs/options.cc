@@ -25,15 +25,35 @@ struct FlagSwitch {
   std::string_view name;
   bool Options::*flag;
 };
-constexpr std::array<FlagSwitch, 2> flags = {
-    {{"--quiet", &Options::quiet}, {"--exit-code", &Options::exit_code}}};
+constexpr std::array<FlagSwitch, 3> flags = {{{"--diff", &Options::diff},
+                                              {"--quiet", &Options::quiet},
+                                              {"--exit-code", &Options::exit_code}}};
 
+// The values as they are given.
+struct Given {
+  std::optional<std::string> root = {};
+  std::optional<std::string> registry = {};
+  std::optional<std::string> format = {};
+  std::optional<std::string> color = {};
+};
 struct ValueSwitch {
   std::string_view name;
-  std::optional<std::string> Options::*value;
+  std::optional<std::string> Given::*value;
 };
-constexpr std::array<ValueSwitch, 2> values = {
-    {{"--root", &Options::root}, {"--registry", &Options::registry}}};
+constexpr std::array<ValueSwitch, 4> values = {{{"--root", &Given::root},
+                                                {"--registry", &Given::registry},
+                                                {"--format", &Given::format},
+                                                {"--color", &Given::color}}};
+
+template <typename Value>
+struct Choice {
+  std::string_view name;
+  Value value;
+};
+constexpr std::array<Choice<Format>, 3> formats = {
+    {{"text", Format::text}, {"json", Format::json}, {"github", Format::github}}};
+constexpr std::array<Choice<Color>, 3> colors = {
+    {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}}};
 
 // The command line, taken from left to right.
 class Arguments {
@@ -71,10 +91,22 @@ bool take_value(std::string_view name, std::string_view argument, Arguments& res
   return true;
 }
 
-bool take_any_value(std::string_view argument, Arguments& rest, Options& options) {
+bool take_any_value(std::string_view argument, Arguments& rest, Given& given) {
   return std::ranges::any_of(values, [&](const ValueSwitch& each) {
-    return take_value(each.name, argument, rest, options.*(each.value));
+    return take_value(each.name, argument, rest, given.*(each.value));
   });
+}
+
+template <typename Value>
+std::optional<Value> chosen(const std::string& option, const std::optional<std::string>& name,
+                            const std::array<Choice<Value>, 3>& choices) {
+  if (!name) return std::nullopt;
+  const auto* const found = std::ranges::find(choices, *name, &Choice<Value>::name);
+  if (found != choices.end()) return found->value;
+  const auto [first, second, third] = choices;
+  throw UsageError(option + ": expected " + std::string(first.name) + ", " +
+                   std::string(second.name) + " or " + std::string(third.name) + ", found " +
+                   quoted(*name));
 }
 
 // The option that was probably meant.
@@ -99,45 +131,48 @@ std::string_view name_of(Action action) {
 
 // Refuses what makes no sense together.
 void require_consistency(const Options& options) {
-  const std::string found = ", found " + std::string(name_of(options.action));
-  if (options.quiet && options.action == Action::list) {
-    throw UsageError("--quiet: expected --check or --write beside it" + found);
+  const auto require = [&options](bool is_given, std::string_view option, bool is_right,
+                                  std::string_view expected) {
+    if (!is_given || is_right) return;
+    throw UsageError(std::string(option) + ": expected " + std::string(expected) +
+                     " beside it, found " + std::string(name_of(options.action)));
+  };
+  const bool is_check = options.action == Action::check;
+  const bool is_write = options.action == Action::write;
+  require(options.quiet, "--quiet", is_check || is_write, "--check or --write");
+  require(options.exit_code, "--exit-code", is_write, "--write");
+  require(options.diff, "--diff", is_check, "--check");
+  require(options.format.has_value(), "--format", is_check, "--check");
+  require(options.color.has_value(), "--color", is_check, "--check");
+  if (options.diff && options.format == Format::github) {
+    throw UsageError("--diff: expected --format text or json beside it, found github");
   }
-  if (options.exit_code && options.action != Action::write) {
-    throw UsageError("--exit-code: expected --write beside it" + found);
+}
+
+// Refuses a second action.
+void take_action(Action found, std::optional<Action>& action) {
+  if (action && *action != found) {
+    const auto [first, second] = std::minmax({*action, found});
+    throw UsageError(std::string(name_of(first)) + " " + std::string(name_of(second)) +
+                     ": expected one of them, found both");
   }
+  action = found;
+}
+
+// The options with the given values; the action and the flags are set already.
+Options with_values(Options options, const Given& given) {
+  options.root = given.root;
+  options.registry = given.registry;
+  options.format = chosen("--format", given.format, formats);
+  options.color = chosen("--color", given.color, colors);
+  return options;
 }
 
 }  // namespace
 
-const char* const help_text =
-    R"(Makes every list of a tool server's tools from its registry.
-
-usage: gen_registry_docs (--check | --write) [--root DIR] [--registry FILE]
-       gen_registry_docs --list [--root DIR] [--registry FILE]
-
-  --check          name every file whose generated blocks are out of date or whose
-                   markers are wrong, one line each; write nothing
-  --write          rewrite the files whose blocks are out of date, and print their paths
-  --list           show every generated block with its file, line and state
-  --root DIR       the repository (default: the nearest directory, from the current one
-                   upward, that holds src/tesmo_sorvet/tool_registry.json)
-  --registry FILE  the registry file (default: that file under the root; "-" is standard
-                   input)
-  --quiet          print nothing but errors
-  --exit-code      with --write: end with 1 when a file was written
-  --help           print this text
-  --version        print the version
-
-exit status
-  0  nothing to report: all current, or written
-  1  --check found problems, --write was refused because of one, or --exit-code
-  2  it could not do its work: wrong usage, a registry that cannot be used, a file that
-     cannot be read, decoded or written
-)";
-
 Options parse_options(std::span<const char* const> arguments) {
   Options options;
+  Given given;
   std::optional<Action> action;
   for (Arguments rest(arguments); !rest.empty();) {
     const std::string_view argument = rest.take();
@@ -147,15 +182,10 @@ Options parse_options(std::span<const char* const> arguments) {
       if (found->action == Action::help || found->action == Action::version) {
         return {.action = found->action};
       }
-      if (action && *action != found->action) {
-        const auto [first, second] = std::minmax({*action, found->action});
-        throw UsageError(std::string(name_of(first)) + " " + std::string(name_of(second)) +
-                         ": expected one of them, found both");
-      }
-      action = found->action;
+      take_action(found->action, action);
     } else if (flag != flags.end()) {
       options.*(flag->flag) = true;
-    } else if (!take_any_value(argument, rest, options)) {
+    } else if (!take_any_value(argument, rest, given)) {
       throw unknown_option(argument);
     }
   }
@@ -163,6 +193,7 @@ Options parse_options(std::span<const char* const> arguments) {
     throw UsageError("gen_registry_docs: expected --check, --write or --list, found none");
   }
   options.action = *action;
+  options = with_values(std::move(options), given);
   require_consistency(options);
   return options;
 }

@@ -16,19 +16,22 @@ class UsageError : public std::runtime_error {
 };
 
 enum class Action { check, write, list, help, version };
+enum class Format { text, json, github };
+enum class Color { automatic, always, never };
 
 struct Options {
   Action action = Action::check;
   std::optional<std::string> root = {};      // the default is searched for
   std::optional<std::string> registry = {};  // the default lies under the root
+  bool diff = false;                         // of a check: show what a write would change
+  std::optional<Format> format = {};         // of a check: of what it finds
+  std::optional<Color> color = {};           // of a check: of the diff
   bool quiet = false;                        // say nothing of problems and files written
   bool exit_code = false;                    // of a write: tell whether it wrote
 };
 
 // `arguments` without the program's name. Throws UsageError.
 Options parse_options(std::span<const char* const> arguments);
-
-extern const char* const help_text;
 
 }  // namespace gen_registry_docs
 

@@ -8,12 +8,9 @@
 
 namespace gen_registry_docs {
 
-// Prints a line to standard error, for a person. What a terminal would act on is escaped.
-void print_error(std::string_view message);
-
-// Returns the exit status, or ends the program with it. Throws what keeps the work from being
-// done.
-int run(const Options& options);
+// Returns the exit status, or ends the program with it. `program` is its name as it was
+// called. Throws what keeps the work from being done.
+int run(const Options& options, std::string_view program);
 
 }  // namespace gen_registry_docs
 

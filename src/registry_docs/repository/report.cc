@@ -1,6 +1,8 @@
 #include "registry_docs/report.h"
 
 #include <algorithm>
+#include <exception>
+#include <new>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -14,15 +16,17 @@ namespace {
 
 using Matches = std::vector<blocks::Block>;
 
-// Each block of the text with its line, as current.
+// Each block of the text with its place, as current.
 std::vector<BlockReport> reports_of(std::string_view text, const Matches& matches) {
   std::vector<BlockReport> reports;
-  const char* at = text.data();
-  std::size_t line = 1;
+  LineCounter lines(text);
   for (const blocks::Block& match : matches) {
-    line += static_cast<std::size_t>(std::count(at, match.open.data(), '\n'));
-    at = match.open.data();
-    reports.push_back({.name = std::string(match.name), .line = line});
+    BlockReport& report = reports.emplace_back();
+    report.name = match.name;
+    report.line = lines.line_of(match.open.data());
+    report.last_line = lines.line_of(match.close.data());
+    report.begin = static_cast<std::size_t>(match.body.data() - text.data());
+    report.end = report.begin + match.body.size();
   }
   return reports;
 }
@@ -32,7 +36,10 @@ void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> counts;
   for (const BlockReport& block : report.blocks) ++counts[block.name];
   std::unordered_set<std::string_view> declared;
-  for (const auto& [name, renderer] : generated.blocks) declared.insert(name);
+  for (const auto& [name, renderer] : generated.blocks) {
+    declared.insert(name);
+    report.declared.push_back(name);
+  }
   for (BlockReport& block : report.blocks) {
     if (counts.at(block.name) > 1) block.state = BlockState::repeated;
     if (!declared.contains(block.name)) block.state = BlockState::unknown;
@@ -46,24 +53,29 @@ void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::ranges::move(missing, std::back_inserter(report.blocks));
 }
 
-BlockState state_of(const blocks::Block& match, const Renderer& renderer,
-                    const Encoder& encode) {
+void report_body(BlockReport& report, const blocks::Block& match, const Renderer& renderer,
+                 const Encoder& encode) {
   try {
-    const bool is_current = blocks::has_body(match, encode(renderer()));
-    return is_current ? BlockState::current : BlockState::stale;
-  } catch (const ValueError&) {
-    return BlockState::failed;
+    std::string body = encode(renderer());
+    if (blocks::has_body(match, body)) return;
+    report.state = BlockState::stale;
+    report.rendered = std::move(body) + "\n";
+  } catch (const std::bad_alloc&) {
+    throw;
+  } catch (const std::exception&) {  // a ValueError, or what the check does not come to
+    report.state = BlockState::failed;
   }
 }
 
-// Says which blocks differ from what their renderers make; the markers are as declared.
+// Says which of the blocks that are as declared differ from what their renderers make.
 void report_bodies(FileReport& report, const Matches& matches,
                    const GeneratedFile& generated) {
   std::unordered_map<std::string_view, const Renderer*> renderers;
   for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
   for (std::size_t i = 0; i < matches.size(); ++i) {
-    report.blocks[i].state =
-        state_of(matches[i], *renderers.at(matches[i].name), generated.encode);
+    if (report.blocks[i].state != BlockState::current) continue;
+    report_body(report.blocks[i], matches[i], *renderers.at(matches[i].name),
+                generated.encode);
   }
 }
 
@@ -76,16 +88,15 @@ FileReport report_of(const GeneratedFile& generated, std::string text) {
       report.blocks,
       [](const BlockReport& block) { return block.state == BlockState::current; });
   try {
-    auto rendered = blocks::changed_file(report.text, generated);
+    const auto rendered = blocks::changed_file(report.text, generated);
     if (!rendered) return report;
     report.state = FileState::stale;
     report.problem = repository::stale_line(generated, report.text, *rendered);
-    report.rendered = *std::move(rendered);
   } catch (const ValueError& error) {
     report.state = has_right_markers ? FileState::failed : FileState::wrong_markers;
     report.problem = error.what();
   }
-  if (has_right_markers) report_bodies(report, matches, generated);
+  report_bodies(report, matches, generated);
   return report;
 }
 

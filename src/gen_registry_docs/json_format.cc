@@ -1,0 +1,114 @@
+#include "gen_registry_docs/json_format.h"
+
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/stringbuffer.h>
+
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "gen_registry_docs/state_name.h"
+#include "registry_docs/text.h"
+
+namespace gen_registry_docs {
+namespace {
+
+using registry_docs::BlockReport;
+using registry_docs::BlockState;
+using registry_docs::FileReport;
+using Json = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
+
+constexpr unsigned format_version = 1;
+
+void put(Json& json, std::string_view text) {
+  json.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+}
+
+void put_member(Json& json, std::string_view name, std::string_view text) {
+  put(json, name);
+  put(json, text);
+}
+
+void put_blocks(Json& json, const FileReport& file) {
+  put(json, "blocks");
+  json.StartArray();
+  for (const BlockReport& block : file.blocks) {
+    if (block.state == BlockState::missing) continue;
+    json.StartObject();
+    put_member(json, "name", block.name);
+    put_member(json, "state", state_name(block.state));
+    put(json, "line");
+    json.Uint64(block.line);
+    json.EndObject();
+  }
+  json.EndArray();
+}
+
+// The names of the blocks for which `is_meant`, each once.
+template <typename Condition>
+void put_names(Json& json, std::string_view member, const FileReport& file,
+               Condition is_meant) {
+  std::unordered_map<std::string_view, std::size_t> seen;
+  put(json, member);
+  json.StartArray();
+  for (const BlockReport& block : file.blocks) {
+    if (is_meant(block, ++seen[block.name])) put(json, block.name);
+  }
+  json.EndArray();
+}
+
+void put_file(Json& json, const FileReport& file) {
+  put_member(json, "path", file.path);
+  put_member(json, "state", state_name(file.state));
+  put_member(json, "message", file.problem);
+  put_blocks(json, file);
+  put_names(json, "missing", file, [](const BlockReport& block, std::size_t) {
+    return block.state == BlockState::missing;
+  });
+  put_names(json, "unknown", file, [](const BlockReport& block, std::size_t time) {
+    return block.state == BlockState::unknown && time == 1;
+  });
+  put_names(json, "repeated", file,
+            [](const BlockReport&, std::size_t time) { return time == 2; });
+}
+
+template <typename WriteMembers>
+std::string document(WriteMembers write_members) {
+  rapidjson::StringBuffer text;
+  Json json(text);
+  json.SetIndent(' ', 2);
+  json.StartObject();
+  put(json, "version");
+  json.Uint(format_version);
+  write_members(json);
+  json.EndObject();
+  return std::string(text.GetString(), text.GetSize()) + "\n";
+}
+
+}  // namespace
+
+std::string json_report(std::span<const FileReport> files,
+                        std::span<const std::string> diffs) {
+  return document([&](Json& json) {
+    put(json, "files");
+    json.StartArray();
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      json.StartObject();
+      put_file(json, files[i]);
+      if (!diffs.empty()) put_member(json, "diff", diffs[i]);
+      json.EndObject();
+    }
+    json.EndArray();
+  });
+}
+
+std::string json_failure(const std::string& message) {
+  return document([&](Json& json) {
+    put(json, "files");
+    json.StartArray();
+    json.EndArray();
+    put_member(json, "error", registry_docs::visible(message));
+  });
+}
+
+}  // namespace gen_registry_docs
