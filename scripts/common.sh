@@ -3,11 +3,11 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # What the program is built from.
-build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev)
+build_packages=(g++ cmake ninja-build pkg-config libdtl-dev libutf8proc-dev rapidjson-dev)
 # What the tests need besides.
-test_packages=(libgtest-dev libpcre2-dev python3 rapidjson-dev)
+test_packages=(git libgtest-dev libpcre2-dev patch python3 python3-jsonschema)
 # What the benchmarks need besides.
-bench_packages=(libbenchmark-dev libpcre2-dev rapidjson-dev)
+bench_packages=(libbenchmark-dev libpcre2-dev)
 
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi

@@ -83,7 +83,7 @@ std::size_t fewest_that_stay(const Sequence& from, const Sequence& to,
 // Whether the library finds the shortest script at one go. It takes (p + 1) * (p + d + 1)
 // steps, where p lines of the shorter side go and the other side is longer by d.
 bool is_found_at_one_go(const Sequence& from, const Sequence& to, const Numbers& numbers) {
-  const auto [shorter, longer] = std::minmax(from.numbers.size(), to.numbers.size());
+  const auto [shorter, longer] = std::minmax({from.numbers.size(), to.numbers.size()});
   const std::size_t most_gone = shorter - fewest_that_stay(from, to, numbers);
   const std::size_t columns = most_gone + longer - shorter + 1;
   return columns < dtl::MAX_CORDINATES_SIZE / (most_gone + 1);

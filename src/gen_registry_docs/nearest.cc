@@ -28,7 +28,7 @@ std::size_t distance(std::string_view from, std::string_view to) {
 
 bool is_near(std::string_view name, std::string_view candidate) {
   const std::size_t limit = std::min(most, candidate.size() / 3);
-  const auto [shorter, longer] = std::minmax(name.size(), candidate.size());
+  const auto [shorter, longer] = std::minmax({name.size(), candidate.size()});
   return longer - shorter <= limit && distance(name, candidate) <= limit;
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "registry_docs/blocks/scan.h"
 #include "registry_docs/registry_docs.h"
@@ -40,6 +41,11 @@ std::optional<std::string> with_bodies(std::string_view text, std::span<const Bl
   if (result) result->append(copied, text.data() + text.size());
   return result;
 }
+
+// The renderer of each block that `scan` found in a text, in their order. Throws ValueError
+// unless they are exactly the declared ones, each once.
+std::vector<const Renderer*> renderers_of(const std::vector<Block>& matches,
+                                          const GeneratedFile& generated);
 
 // As render_file; nothing when the text is current.
 std::optional<std::string> changed_file(std::string_view text, const GeneratedFile& generated);

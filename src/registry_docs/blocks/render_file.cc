@@ -62,16 +62,16 @@ ValueError marker_error(const std::vector<blocks::Block>& matches,
       bracketed(lacking(found, expected)) + ", repeated " + bracketed(repeated(found)) + ")");
 }
 
-// The renderer of each match, in their order. Throws ValueError unless the matches are exactly
-// the declared blocks, each once.
-std::vector<const Renderer*> renderers_of(const std::vector<blocks::Block>& matches,
-                                          const GeneratedFile& generated) {
+}  // namespace
+
+std::vector<const Renderer*> blocks::renderers_of(const std::vector<Block>& matches,
+                                                  const GeneratedFile& generated) {
   std::unordered_map<std::string_view, const Renderer*> not_found_yet;
   not_found_yet.reserve(generated.blocks.size());
   for (const auto& [name, renderer] : generated.blocks) not_found_yet.emplace(name, &renderer);
   std::vector<const Renderer*> renderers;
   renderers.reserve(matches.size());
-  for (const blocks::Block& match : matches) {
+  for (const Block& match : matches) {
     const auto found = not_found_yet.find(match.name);
     if (found == not_found_yet.end()) throw marker_error(matches, generated);
     renderers.push_back(found->second);
@@ -81,8 +81,6 @@ std::vector<const Renderer*> renderers_of(const std::vector<blocks::Block>& matc
   if (renderers.size() != generated.blocks.size()) throw marker_error(matches, generated);
   return renderers;
 }
-
-}  // namespace
 
 std::optional<std::string> blocks::changed_file(std::string_view text,
                                                 const GeneratedFile& generated) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <new>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -53,30 +52,47 @@ void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::ranges::move(missing, std::back_inserter(report.blocks));
 }
 
-void report_body(BlockReport& report, const blocks::Block& match, const Renderer& renderer,
-                 const Encoder& encode) {
-  try {
-    std::string body = encode(renderer());
-    if (blocks::has_body(match, body)) return;
-    report.state = BlockState::stale;
-    report.rendered = std::move(body) + "\n";
-  } catch (const std::bad_alloc&) {
-    throw;
-  } catch (const std::exception&) {  // a ValueError, or what the check does not come to
-    report.state = BlockState::failed;
-  }
+void report_body(BlockReport& report, const blocks::Block& match, std::string body) {
+  if (blocks::has_body(match, body)) return;
+  report.state = BlockState::stale;
+  report.rendered = std::move(body) + "\n";
 }
 
-// Says which of the blocks that are as declared differ from what their renderers make.
+// Says which of the blocks that are as declared differ from what their renderers make. The
+// failure of the first that fails is the file's problem, if it has none yet; those that follow
+// the check never comes to.
 void report_bodies(FileReport& report, const Matches& matches,
                    const GeneratedFile& generated) {
   std::unordered_map<std::string_view, const Renderer*> renderers;
   for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
   for (std::size_t i = 0; i < matches.size(); ++i) {
-    if (report.blocks[i].state != BlockState::current) continue;
-    report_body(report.blocks[i], matches[i], *renderers.at(matches[i].name),
-                generated.encode);
+    BlockReport& block = report.blocks[i];
+    if (block.state != BlockState::current) continue;
+    try {
+      report_body(block, matches[i], generated.encode((*renderers.at(block.name))()));
+    } catch (const ValueError& error) {
+      block.state = BlockState::failed;
+      if (report.state == FileState::current) {
+        report.state = FileState::failed;
+        report.problem = error.what();
+      }
+    } catch (const std::exception&) {
+      if (report.state == FileState::current) throw;
+      block.state = BlockState::failed;
+    }
   }
+}
+
+// The text that a write would write; `report` says which blocks are stale.
+std::string rendered_text(const FileReport& report, const Matches& matches) {
+  auto block = report.blocks.begin();
+  const auto body = [&block](const blocks::Block& match) {
+    const BlockReport& each = *block++;
+    const bool is_stale = each.state == BlockState::stale;
+    const std::string_view whole = is_stale ? std::string_view(each.rendered) : match.body;
+    return std::string(whole.substr(0, whole.size() - 1));  // without its line feed
+  };
+  return blocks::with_bodies(report.text, matches, body).value_or(report.text);
 }
 
 FileReport report_of(const GeneratedFile& generated, std::string text) {
@@ -84,19 +100,21 @@ FileReport report_of(const GeneratedFile& generated, std::string text) {
   const Matches matches = blocks::scan(report.text);
   report.blocks = reports_of(report.text, matches);
   report_markers(report, generated);
-  const bool has_right_markers = std::ranges::all_of(
-      report.blocks,
-      [](const BlockReport& block) { return block.state == BlockState::current; });
   try {
-    const auto rendered = blocks::changed_file(report.text, generated);
-    if (!rendered) return report;
-    report.state = FileState::stale;
-    report.problem = repository::stale_line(generated, report.text, *rendered);
+    blocks::renderers_of(matches, generated);
   } catch (const ValueError& error) {
-    report.state = has_right_markers ? FileState::failed : FileState::wrong_markers;
+    report.state = FileState::wrong_markers;
     report.problem = error.what();
   }
   report_bodies(report, matches, generated);
+  const bool is_stale = std::ranges::any_of(report.blocks, [](const BlockReport& block) {
+    return block.state == BlockState::stale;
+  });
+  if (report.state == FileState::current && is_stale) {
+    report.state = FileState::stale;
+    report.problem =
+        repository::stale_line(generated, report.text, rendered_text(report, matches));
+  }
   return report;
 }
 

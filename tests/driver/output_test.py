@@ -1,0 +1,207 @@
+"""What a check shows of the problems that it finds, and what it says to do about them."""
+
+import itertools
+import json
+import os
+import pathlib
+import pty
+import random
+import re
+import shutil
+import subprocess
+import unittest
+
+import jsonschema
+
+from example import (CONFIG, CR_LF, EXAMPLE, FILES, MARK, MCP, PROGRAM, README, REGISTRY,
+                     STALE, STALE_SKILL, ExampleTest)
+
+SCHEMA = json.loads(pathlib.Path(os.environ["OUTPUT_SCHEMA"]).read_text(encoding="utf-8"))
+TOOLS, END = "<!-- registry:readme-tools -->", "<!-- /registry:readme-tools -->"
+CONFLICT = "<<<<<<< ours\n{}\n=======\n{}\n>>>>>>> theirs\n"
+UP_TO_DATE = "To bring the blocks up to date, run:\n  {} --write\n"
+MENDED = "When that is mended, bring the blocks up to date:\n  {} --write\n"
+
+
+def drop(*names):
+    """Changes that take the markers of blocks of the reference away."""
+    return [(MCP, marker.format(name), "") for name in names
+            for marker in ("<!-- registry:{} -->\n", "<!-- /registry:{} -->\n")]
+
+
+def pair(name):
+    return f"<!-- registry:{name} -->\n<!-- /registry:{name} -->\n"
+
+
+ADVICE = {  # the changes, and what is said to be mended by hand
+    "stale": ([STALE], ""),
+    "a conflict within a block": ([(README, "14 tools", CONFLICT.format("14", "15"))], ""),
+    "a conflict across a marker": (
+        [STALE, (README, END + "\n", CONFLICT.format(END, "x\n" + END))],
+        "README.md:69: a merge conflict reaches across a marker, to line 74; choose a side of it "
+        "by hand\n"),
+    "missing in the midst": (
+        drop("params:file_tree", "params:call_paths", "mcp-cli"),
+        "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" + pair("mcp-cli") +
+        "docs/mcp-tools.md: missing params:file_tree, params:call_paths; put these lines behind "
+        "line 150:\n" + pair("params:file_tree") + pair("params:call_paths")),
+    "missing, and none before it": (
+        [(README, TOOLS, ""), (README, END, "")],
+        "README.md: missing readme-tools; put these lines where the lists shall stand:\n" +
+        pair("readme-tools")),
+    "unknown": ([(MCP, "registry:mcp-cli", "registry:größe")],
+                "docs/mcp-tools.md:37: größe is no block of this file; take it out, or mend its name\n"
+                "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" +
+                pair("mcp-cli")),
+    "unknown, but near": ([(README, "registry:readme-tools", "registry:readme_tool")],
+                          "README.md:50: readme_tool is no block of this file; perhaps "
+                          "readme-tools is meant\n"),
+    "repeated": ([(README, "# Tesmo Sorvet\n", pair("readme-tools") * 2)],
+                 "".join(f"README.md:{line}: readme-tools stands at line 1 already; keep one of "
+                         "them\n" for line in (3, 53))),
+    "a blank behind an opening marker": (
+        [(README, TOOLS, TOOLS + " ")],
+        "README.md:50: the line must end with the opening marker of readme-tools; take away the "
+        "blank behind it\n"),
+    "text behind an opening marker": (
+        [(README, TOOLS, TOOLS + END)],
+        "README.md:50: the line must end with the opening marker of readme-tools; take away the "
+        "text behind it\n"),
+    "never closed": ([(README, END, "")],
+                     "README.md:50: readme-tools is opened and never closed; add "
+                     "<!-- /registry:readme-tools --> where it shall end\n"),
+    "never opened": ([(README, TOOLS, "")],
+                     "README.md:69: readme-tools is closed and was not opened; add <!-- registry:"
+                     "readme-tools -->, on a line of its own, where it shall begin\n"),
+    "within another block": (
+        [(MCP, "<!-- /registry:mcp-intro -->\n", ""),
+         (MCP, "<!-- /registry:mcp-overview -->\n",
+          "<!-- /registry:mcp-overview -->\n<!-- /registry:mcp-intro -->\n")],
+        "".join(f"docs/mcp-tools.md:{line}: the marker of mcp-overview stands within mcp-intro, "
+                "which begins at line 3; move it out\n" for line in (10, 32))),
+    "written carelessly": (
+        [(README, TOOLS, "<!--registry: readme-tools-->"), (README, END, END.replace(" r", "r"))],
+        "README.md:50: this is almost a marker of readme-tools; write " + TOOLS + "\n"
+        "README.md:69: readme-tools is closed and was not opened; add <!-- registry:"
+        "readme-tools -->, on a line of its own, where it shall begin\n"),
+}
+
+
+class Output(ExampleTest):
+    def run_program(self, *arguments, **more):
+        return subprocess.run([PROGRAM, *arguments], cwd=self.root, capture_output=True,
+                              text=True, encoding="utf-8", check=False, **more)
+
+    def test_what_to_do_next(self):
+        for name, (changes, by_hand) in ADVICE.items():
+            with self.subTest(name):
+                self.renew(*changes)
+                is_stale = ": blocks out of date: " in self.run_program("--check").stdout
+                expected = by_hand + (UP_TO_DATE if is_stale else MENDED).format(PROGRAM)
+                self.assertEqual(self.run_program("--check").stderr, expected)
+                self.assertEqual(self.run_program("--write", "--quiet").returncode, int(not is_stale))
+        self.renew(STALE)
+        said = self.run_program("--check", "--root", "../it's here", f"--registry={REGISTRY}").stderr
+        self.assertEqual(said, UP_TO_DATE.format(PROGRAM)[:-1] +
+                         f" --root '../it'\\''s here' --registry {REGISTRY}\n")
+        self.assertEqual(self.run_program("--check", "--quiet").stderr, "")
+
+    def test_diff(self):
+        """Applied by either tool it makes what a write would make, the example."""
+        overview = (EXAMPLE / MCP).read_text(encoding="utf-8").split("\n")[11:32]
+        shuffled = [random.Random(seed).sample(overview, len(overview)) for seed in range(20)]
+        many = "\n".join(map(str, range(4000)))
+        cases = [[(MCP, "\n".join(overview), "\n".join(lines))] for lines in shuffled] + [
+            [STALE, MARK], [STALE, CR_LF], [(README, "14 tools", many)],
+            [STALE, (README, "Sorvet\n\n", "Sorvet\r\r")], [STALE, (README, "\n" + END, " " + END)],
+            [(MCP, "\n| 1 ", "\n| 0 "), (MCP, "\n| 8 ", "\n| 0 "), (MCP, "6 extended", "")],
+            [(CONFIG, "\n<!-- /registry:rules-routes", "<!-- /registry:rules-routes")]]
+        for changes, tool in itertools.product(cases, (["patch", "-sp1"], ["git", "apply"])):
+            with self.subTest(changes=str(changes)[:200], tool=tool):
+                shutil.rmtree(self.root)
+                shutil.copytree(EXAMPLE, self.root)
+                self.change(*changes)
+                diff = subprocess.run([PROGRAM, "--check", "--diff"], cwd=self.root, check=False,
+                                      capture_output=True).stdout
+                subprocess.run(tool, cwd=self.root, input=diff, check=True, capture_output=True)
+                for file in FILES:
+                    mark = b"\xef\xbb\xbf" if MARK in changes and file == README else b""
+                    self.assertEqual((self.root / file).read_bytes(),
+                                     mark + (EXAMPLE / file).read_bytes())
+
+    def test_hunks(self):
+        """Changes with six lines between them share a hunk, with seven they do not."""
+        row = (MCP, "\n| 1 ", "\n| 0 ")
+        between = "{}<!-- /registry:mcp-intro -->\n\n## Overview\n\n<!-- registry:mcp-overview -->\n{}"
+        for change, expected in (
+                ((MCP, "\n| 8 ", "\n| 0 "), ["-11,14 +11,14 @@ mcp-overview"]),
+                ((MCP, "\n| 9 ", "\n| 0 "), ["-11,7 +11,7 @@ mcp-overview",
+                                             "-19,7 +19,7 @@ mcp-overview"]),
+                ((MCP, between.format("", ""), between.format("x", "x")), ["-4,14 +4,14 @@ mcp-intro, mcp-overview"]),
+                (STALE, ["-48,7 +48,7 @@ readme-tools", "-11,7 +11,7 @@ mcp-overview"])):
+            with self.subTest(change):
+                self.renew(row, change)
+                diff = self.run_program("--check", "--diff").stdout
+                self.assertEqual(re.findall("^@@ (.*)", diff, re.M), expected)
+
+    def test_colors(self):
+        ours, theirs = pty.openpty()
+        plain = self.run_program("--check", "--diff").stdout
+        colored = self.run_program("--check", "--diff", "--color", "always").stdout
+        self.assertIn("\n\x1b[36m@@ -48,7 +48,7 @@ readme-tools\x1b[m\n", colored)
+        self.assertIn("\n\x1b[31m-13 tools", colored)
+        for argument, variables, expected in (
+                ("--color=auto", {}, colored), ("--diff", {"NO_COLOR": ""}, colored),
+                ("--diff", {"NO_COLOR": "1"}, plain), ("--color=never", {}, plain)):
+            with self.subTest(argument, variables=variables):
+                subprocess.run([PROGRAM, "--check", "--diff", argument], cwd=self.root, check=False,
+                               stdout=theirs, stderr=subprocess.DEVNULL, env=variables)
+                self.assertEqual(os.read(ours, 99999).decode().replace("\r\n", "\n"), expected)
+
+    def test_json(self):
+        self.renew(STALE, (CONFIG, "registry:rules-routes", "registry:größe"),
+                   (MCP, "registry:mcp-cli", "registry:mcp-intro"))
+        done = self.run_program("--check", "--format=json", "--diff")
+        found = json.loads(done.stdout)
+        jsonschema.validate(found, SCHEMA)
+        self.assertEqual((done.returncode, [file["path"] for file in found["files"]]), (1, [*FILES]))
+        text = self.run_program("--check", "--diff").stdout
+        self.assertEqual("".join(f"{file['message']}\n{file['diff']}" for file in found["files"]
+                                 if file["message"]), text)
+        self.assertEqual([file["state"] for file in found["files"]],
+                         ["current", "wrong markers", "current", "stale", "wrong markers"])
+        names = [(file["missing"], file["unknown"], file["repeated"]) for file in found["files"]]
+        self.assertEqual(names[1::3], [(["rules-routes"], ["größe"], []),
+                                       (["mcp-cli"], [], ["mcp-intro"])])
+        self.assertEqual(found["files"][4]["blocks"][:2], [
+            {"name": "mcp-intro", "state": "repeated", "line": 3},
+            {"name": "mcp-overview", "state": "current", "line": 11}])
+        failed = self.run_program("--check", "--format", "json", "--registry", "a\nb.json")
+        found = json.loads(failed.stdout)
+        jsonschema.validate(found, SCHEMA)
+        self.assertEqual((failed.returncode, found["error"] + "\n"), (2, failed.stderr))
+
+    def test_github(self):
+        self.renew(STALE, (MCP, "registry:mcp-cli", "registry:mcp-clx"))
+        def annotations(root, **variables):
+            done = self.run_program("--check", "--format=github", "--root", root, env=variables)
+            self.assertEqual(done.returncode, 1)
+            return done.stdout
+        wrong = ("line=37::docs/mcp-tools.md: the markers do not match the blocks it holds (missing "
+                 "['mcp-cli'], unknown ['mcp-clx'], repeated [])%0Adocs/mcp-tools.md:37: mcp-clx is "
+                 "no block of this file; perhaps mcp-cli is meant\n")
+        expected = ("::error file={0}README.md,line=50::README.md: blocks out of date: readme-tools\n"
+                    "::error file={0}docs/mcp-tools.md," + wrong)
+        self.assertEqual(annotations("."), expected.format(""))
+        self.assertEqual(annotations(self.root, GITHUB_WORKSPACE=str(self.directory)),
+                         expected.format("it's here/"))
+        odd = self.root.rename(self.directory / "100%,a:b")
+        self.root.mkdir()
+        self.assertEqual(annotations(odd, GITHUB_WORKSPACE=str(self.directory)),
+                         expected.format("100%25%2Ca%3Ab/"))
+        failed = self.run_program("--check", "--format", "github", "--root", "100%\n")
+        self.assertEqual(failed.stdout, f"::error::100%25\\n/{REGISTRY}: No such file or directory\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
