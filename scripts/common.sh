@@ -5,7 +5,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # What the program is built from.
 build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev)
 # What the tests need besides.
-test_packages=(git libgtest-dev libpcre2-dev python3 python3-jsonschema rapidjson-dev)
+test_packages=(git jq libgtest-dev libpcre2-dev python3 python3-jsonschema rapidjson-dev)
 # What the benchmarks need besides.
 bench_packages=(libbenchmark-dev libpcre2-dev rapidjson-dev)
 
