@@ -12,12 +12,12 @@ inline constexpr std::string_view help_text =
 Makes every list of a tool server's tools from its registry.
 
   --check          name the files whose lists are out of date; write nothing
-    --diff           show also what a write would change (--color auto|always|never)
+    --diff           and what a write would change (--color auto|always|never)
     --format FORMAT  text, json or github, which annotates the files of a change
   --write          bring the lists up to date, and print the files that changed
     --exit-code      end with 1 when there were any, so that a hook stops
   --list           show every list with its file, line and state
-  --root DIR       the repository (default: the nearest directory, from here upward,
+  --root DIR       the repository (default: the nearest directory, from here up,
                    that holds src/tesmo_sorvet/tool_registry.json)
   --registry FILE  the registry (default: that file; "-" is standard input)
   --quiet          print nothing but errors
@@ -29,7 +29,7 @@ examples
 
 exit status: 0  nothing to report: all current, or written
              1  problems found, a write refused because of one, or --exit-code
-             2  it could not do its work: wrong usage, or a file that cannot be used
+             2  it could not do its work: wrong usage, or a file it cannot use
 )";
 
 }  // namespace gen_registry_docs
