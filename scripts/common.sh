@@ -30,6 +30,5 @@ need() {
 
 # Configures and builds one of the presets of CMakePresets.json.
 build() {
-  cmake --preset "$1"
-  cmake --build --preset "$1"
+  cmake --preset "$1" && cmake --build --preset "$1"
 }
