@@ -77,7 +77,7 @@ class Hooks(unittest.TestCase):
     def test_what_cannot_be_built(self):
         for there, message in UNBUILT.items():
             with self.subTest(there), tempfile.TemporaryDirectory() as bare:
-                hook = shutil.copytree(self.clone / "scripts", f"{bare}/scripts") 
+                hook = shutil.copytree(self.clone / "scripts", f"{bare}/scripts")
                 for name in f"bash dirname flock mkdir {there}".split():
                     os.symlink(shutil.which(name), f"{bare}/{name}")
                 done = subprocess.run([f"{hook}/pre-commit-hook"], env={"PATH": bare}, **CAPTURED)
