@@ -1,6 +1,6 @@
-# The library, its headers and its CMake package, and the program.
+# The component `development`: the library, its headers and its CMake package.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 install(TARGETS registry_docs EXPORT registry_docs_targets)
-install(TARGETS gen_registry_docs)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/registry_docs
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
@@ -12,3 +12,16 @@ write_basic_package_version_file(registry_docs-config-version.cmake
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/registry_docs-config.cmake
               ${PROJECT_BINARY_DIR}/registry_docs-config-version.cmake
         DESTINATION ${package_dir})
+
+# The component `program`: the program, its manual page and its completions.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
+install(TARGETS gen_registry_docs)
+install(FILES ${PROJECT_SOURCE_DIR}/man/gen_registry_docs.1
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+set(completions ${PROJECT_SOURCE_DIR}/completions)
+install(FILES ${completions}/gen_registry_docs.bash RENAME gen_registry_docs
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${completions}/_gen_registry_docs
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(FILES ${completions}/gen_registry_docs.fish
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)

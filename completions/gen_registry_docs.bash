@@ -1,0 +1,37 @@
+# Completes the command line of gen_registry_docs in bash.
+
+# The options that go with what stands before the word, less those that stand there already.
+_gen_registry_docs_options() {
+  local given=" $* " options option
+  case $given in
+    *' --help '* | *' -h '* | *' --version '*) return ;;
+    *' --check '*) options='--diff --format --color --quiet --root --registry' ;;
+    *' --write '*) options='--exit-code --quiet --root --registry' ;;
+    *' --list '*) options='--root --registry' ;;
+    *) options='--check --write --list --help --version --root --registry' ;;
+  esac
+  for option in $options; do
+    [[ $given == *" $option "* ]] || printf '%s\n' "$option"
+  done
+}
+
+_gen_registry_docs() {
+  local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} wanted
+  # Bash makes a word of its own of the equals sign in --root=DIR.
+  if [ "$word" = = ]; then
+    word=
+  elif [ "$option" = = ]; then
+    option=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
+  case $option in
+    --root) wanted=(-d) ;;
+    --registry) wanted=(-f) ;;
+    --format) wanted=(-W 'text json github') ;;
+    --color) wanted=(-W 'auto always never') ;;
+    *) wanted=(-W "$(_gen_registry_docs_options "${COMP_WORDS[@]:1:COMP_CWORD-1}")") ;;
+  esac
+  [ "${wanted[0]}" = -W ] || compopt -o filenames 2>/dev/null
+  mapfile -t COMPREPLY < <(compgen "${wanted[@]}" -- "$word")
+}
+
+complete -F _gen_registry_docs gen_registry_docs

@@ -1,0 +1,20 @@
+# Completes the command line of gen_registry_docs in fish.
+
+set -l command complete -c gen_registry_docs
+set -l no_action 'not __fish_contains_opt -s h check write list help version'
+
+$command -f
+$command -n $no_action -l check -d 'Name the files that are not current; write nothing'
+$command -n $no_action -l write -d 'Rewrite the files that are not current'
+$command -n $no_action -l list -d 'Show every generated block'
+$command -n $no_action -s h -l help -d 'Print a summary of the options'
+$command -n $no_action -l version -d 'Print the version'
+
+set -l checks '__fish_contains_opt check'
+$command -n $checks -l diff -d 'Show what --write would change'
+$command -n $checks -l format -x -a 'text json github' -d 'The form of the problems'
+$command -n $checks -l color -x -a 'auto always never' -d 'When to colour the diff'
+$command -n '__fish_contains_opt write' -l exit-code -d 'End with 1 when a file was written'
+$command -n '__fish_contains_opt check write' -l quiet -d 'Print nothing but errors'
+$command -l root -x -a '(__fish_complete_directories)' -d 'The repository'
+$command -l registry -r -F -d 'The registry file'
