@@ -25,7 +25,8 @@ struct BlockReport {
   std::string name;
   BlockState state = BlockState::current;
   std::size_t line = 0;       // of its opening marker, counted from 1; 0: it is missing
-  std::size_t last_line = 0;  // of its closing marker
+  std::size_t last_line = 0;  // of its closing marker; when missing, of the last block before
+                              // it in the declared order that stands in the file, or 0
   std::size_t begin = 0;      // of its body, a byte offset in the file's text
   std::size_t end = 0;
   std::string rendered = {};  // of a stale block: the body that a write would write

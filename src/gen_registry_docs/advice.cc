@@ -1,5 +1,6 @@
 #include "gen_registry_docs/advice.h"
 
+#include <span>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -16,31 +17,31 @@ using registry_docs::BlockReport;
 using registry_docs::BlockState;
 using registry_docs::FileReport;
 using registry_docs::FileState;
-using Lines = std::vector<std::string>;
+using Steps = std::vector<Step>;
 using Names = std::unordered_set<std::string_view>;
 
-std::string place(const FileReport& file, std::size_t line) {
-  return file.path + ":" + std::to_string(line) + ": ";
+void add(Steps& steps, const FileReport& file, std::size_t line, const std::string& text) {
+  steps.push_back({line, file.path + ":" + std::to_string(line) + ": " + text, {}});
 }
 
-void add_conflicts(Lines& lines, const FileReport& file) {
+void add_conflicts(Steps& steps, const FileReport& file) {
   for (const Conflict& conflict : conflicts_across_markers(file)) {
-    lines.push_back(place(file, conflict.line) +
-                    "a merge conflict reaches across a marker, to line " +
-                    std::to_string(conflict.last_line) + "; choose a side of it by hand");
+    add(steps, file, conflict.line,
+        "a merge conflict reaches across a marker, to line " +
+            std::to_string(conflict.last_line) + "; choose a side of it by hand");
   }
 }
 
-// Each of these adds to `explained` the names whose absence its lines explain.
+// Each of the next two adds to `explained` the names whose absence its steps explain.
 
-void add_loose_markers(Lines& lines, const FileReport& file, Names& explained) {
+void add_loose_markers(Steps& steps, const FileReport& file, Names& explained) {
   for (const LooseMarker& marker : loose_markers(file)) {
-    lines.push_back(place(file, marker.line) + marker.fault);
+    add(steps, file, marker.line, marker.fault);
     explained.insert(marker.name);
   }
 }
 
-void add_unknown(Lines& lines, const FileReport& file, Names& explained) {
+void add_unknown(Steps& steps, const FileReport& file, Names& explained) {
   constexpr std::size_t most_guesses = 20;  // each looks at all names
   const std::vector<std::string_view> declared(file.declared.begin(), file.declared.end());
   std::size_t guesses = 0;
@@ -48,76 +49,76 @@ void add_unknown(Lines& lines, const FileReport& file, Names& explained) {
     if (block.state != BlockState::unknown) continue;
     const std::string_view meant =
         guesses++ < most_guesses ? nearest(block.name, declared) : std::string_view();
-    lines.push_back(place(file, block.line) + block.name + " is no block of this file; " +
-                    (meant.empty() ? "take it out, or mend its name"
-                                   : "perhaps " + std::string(meant) + " is meant"));
+    add(steps, file, block.line,
+        block.name + " is no block of this file; " +
+            (meant.empty() ? "take it out, or mend its name"
+                           : "perhaps " + std::string(meant) + " is meant"));
     explained.insert(meant);
   }
 }
 
-void add_repeated(Lines& lines, const FileReport& file) {
+void add_repeated(Steps& steps, const FileReport& file) {
   std::unordered_map<std::string_view, std::size_t> first_lines;
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::repeated) continue;
     const auto [first, is_new] = first_lines.emplace(block.name, block.line);
     if (is_new) continue;
-    lines.push_back(place(file, block.line) + block.name + " stands at line " +
-                    std::to_string(first->second) + " already; keep one of them");
+    add(steps, file, block.line,
+        block.name + " stands at line " + std::to_string(first->second) +
+            " already; keep one of them");
   }
 }
 
-// Missing blocks that follow each other in the declared order, and the last line of the block
-// before them; 0 when none of those before them stands in the file.
-struct MissingBlocks {
-  std::vector<std::string_view> names = {};
-  std::size_t behind = 0;
-};
-
-void add_missing(Lines& lines, const FileReport& file, const MissingBlocks& missing) {
-  if (missing.names.empty()) return;
-  std::string names;
-  for (const std::string_view name : missing.names) {
-    names += (names.empty() ? "" : ", ") + std::string(name);
+// What to do about blocks that are missing behind one line; 0 when the place is free.
+Step step_for_missing(const FileReport& file, std::span<const std::string_view> names,
+                      std::size_t line) {
+  Step step{line, file.path + ": missing ", {}};
+  for (const std::string_view name : names) {
+    if (!step.paste.empty()) step.text += ", ";
+    step.text += name;
+    step.paste.push_back(opening_marker(name));
+    step.paste.push_back(closing_marker(name));
   }
-  const std::string where = missing.behind == 0
-                                ? "where the lists shall stand"
-                                : "behind line " + std::to_string(missing.behind);
-  lines.push_back(file.path + ": missing " + names + "; put these lines " + where + ":");
-  for (const std::string_view name : missing.names) {
-    lines.push_back(opening_marker(name));
-    lines.push_back(closing_marker(name));
-  }
+  step.text += line == 0 ? "; put these lines where the lists shall stand:"
+                         : "; put these lines behind line " + std::to_string(line) + ":";
+  return step;
 }
 
-void add_all_missing(Lines& lines, const FileReport& file, const Names& explained) {
-  std::unordered_map<std::string_view, std::size_t> last_lines;
-  for (const BlockReport& block : file.blocks) last_lines.emplace(block.name, block.last_line);
-  MissingBlocks missing;
-  for (const std::string& name : file.declared) {
-    const std::size_t last_line = last_lines.at(name);
-    if (last_line != 0) {
-      add_missing(lines, file, missing);
-      missing = {.behind = last_line};
-    } else if (!explained.contains(name)) {
-      missing.names.push_back(name);
-    }
+void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
+  std::vector<std::string_view> names;
+  std::size_t line = 0;
+  const auto finish = [&] {
+    if (!names.empty()) steps.push_back(step_for_missing(file, names, line));
+    names.clear();
+  };
+  for (const BlockReport& block : file.blocks) {
+    if (block.state != BlockState::missing || explained.contains(block.name)) continue;
+    if (block.last_line != line) finish();
+    line = block.last_line;
+    names.push_back(block.name);
   }
-  add_missing(lines, file, missing);
+  finish();
 }
 
 }  // namespace
 
-std::vector<std::string> advice(const FileReport& file) {
-  Lines lines;
-  if (file.state == FileState::current) return lines;
-  add_conflicts(lines, file);
-  const bool is_explained = !lines.empty();
-  if (is_explained || file.state != FileState::wrong_markers) return lines;
+std::vector<Step> advice(const FileReport& file) {
+  Steps steps;
+  if (file.state == FileState::current) return steps;
+  add_conflicts(steps, file);
+  const bool is_explained = !steps.empty();
+  if (is_explained || file.state != FileState::wrong_markers) return steps;
   Names explained;
-  add_loose_markers(lines, file, explained);
-  add_unknown(lines, file, explained);
-  add_repeated(lines, file);
-  add_all_missing(lines, file, explained);
+  add_loose_markers(steps, file, explained);
+  add_unknown(steps, file, explained);
+  add_repeated(steps, file);
+  add_missing(steps, file, explained);
+  return steps;
+}
+
+std::vector<std::string> step_lines(const Step& step) {
+  std::vector<std::string> lines = {step.text};
+  lines.insert(lines.end(), step.paste.begin(), step.paste.end());
   return lines;
 }
 

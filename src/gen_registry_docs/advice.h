@@ -2,6 +2,7 @@
 #ifndef GEN_REGISTRY_DOCS_ADVICE_H
 #define GEN_REGISTRY_DOCS_ADVICE_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -9,10 +10,18 @@
 
 namespace gen_registry_docs {
 
-// One line for each thing that has to be mended by hand before a write, each beginning with
-// the file and, where there is one, the line; behind it the lines that are to be put in, if
-// any. Nothing for a file that a write brings up to date.
-std::vector<std::string> advice(const registry_docs::FileReport& file);
+// One thing that has to be mended by hand.
+struct Step {
+  std::size_t line;                // where, counted from 1; 0 where no place is known
+  std::string text;                // begins with the file
+  std::vector<std::string> paste;  // the lines that are to be put in there, if any
+};
+
+// What has to be done before a write. Nothing for a file that a write brings up to date.
+std::vector<Step> advice(const registry_docs::FileReport& file);
+
+// The step's lines, without line feeds.
+std::vector<std::string> step_lines(const Step& step);
 
 }  // namespace gen_registry_docs
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 #include "gen_registry_docs/advice.h"
 #include "registry_docs/text.h"
@@ -32,13 +33,29 @@ std::string escaped(std::string_view text, std::string_view characters) {
 std::string escaped_property(std::string_view text) { return escaped(text, "%\r\n:,"); }
 std::string escaped_data(std::string_view text) { return escaped(text, "%\r\n"); }
 
-// The line of the first block that is not as it should be, or the file's first.
-std::size_t line_of_problem(const FileReport& file) {
+// Where a person has to begin: at the first step that has a place, or else at the first block
+// that is not current.
+std::size_t line_of_problem(const FileReport& file, const std::vector<Step>& steps) {
+  const auto has_place = [](const Step& step) { return step.line != 0; };
+  const auto step = std::ranges::find_if(steps, has_place);
+  if (step != steps.end()) return step->line;
   const auto is_at_fault = [](const BlockReport& block) {
     return block.state != BlockState::current && block.line != 0;
   };
   const auto block = std::ranges::find_if(file.blocks, is_at_fault);
   return block == file.blocks.end() ? 1 : block->line;
+}
+
+// The command of a file with a problem.
+std::string annotation(const FileReport& file, const std::string& path) {
+  const std::vector<Step> steps = advice(file);
+  std::string message = file.problem;
+  for (const Step& step : steps) {
+    for (const std::string& line : step_lines(step)) message += "\n" + line;
+  }
+  return "::error file=" + escaped_property(path) +
+         ",line=" + std::to_string(line_of_problem(file, steps)) +
+         "::" + escaped_data(message) + "\n";
 }
 
 }  // namespace
@@ -48,12 +65,7 @@ std::string github_report(std::span<const FileReport> files,
   std::string commands;
   for (const FileReport& file : files) {
     if (file.state == FileState::current) continue;
-    const std::string path = (root / file.path).lexically_normal().string();
-    commands += "::error file=" + escaped_property(path) +
-                ",line=" + std::to_string(line_of_problem(file)) +
-                "::" + escaped_data(file.problem);
-    for (const std::string& line : advice(file)) commands += escaped_data("\n" + line);
-    commands += '\n';
+    commands += annotation(file, (root / file.path).lexically_normal().string());
   }
   return commands;
 }

@@ -38,7 +38,9 @@ std::string write_command(const Options& options, std::string_view program) {
 void print_next_steps(std::span<const FileReport> files, const Options& options,
                       std::string_view program) {
   for (const FileReport& file : files) {
-    for (const std::string& line : advice(file)) print_error(line);
+    for (const Step& step : advice(file)) {
+      for (const std::string& line : step_lines(step)) print_error(line);
+    }
   }
   const auto is_stale = [](const FileReport& file) { return file.state == FileState::stale; };
   const auto is_current = [](const FileReport& file) {

@@ -30,26 +30,35 @@ std::vector<BlockReport> reports_of(std::string_view text, const Matches& matche
   return reports;
 }
 
-// Says which blocks are not as declared, and adds the missing ones.
+// Says which blocks are not as declared.
 void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> counts;
   for (const BlockReport& block : report.blocks) ++counts[block.name];
   std::unordered_set<std::string_view> declared;
-  for (const auto& [name, renderer] : generated.blocks) {
-    declared.insert(name);
-    report.declared.push_back(name);
-  }
+  for (const auto& [name, renderer] : generated.blocks) declared.insert(name);
   for (BlockReport& block : report.blocks) {
     if (counts.at(block.name) > 1) block.state = BlockState::repeated;
     if (!declared.contains(block.name)) block.state = BlockState::unknown;
   }
+}
+
+// The declared blocks that are not in the file.
+std::vector<BlockReport> missing_blocks(const FileReport& report,
+                                        const GeneratedFile& generated) {
+  std::unordered_map<std::string_view, std::size_t> last_lines;
+  for (const BlockReport& block : report.blocks)
+    last_lines.emplace(block.name, block.last_line);
   std::vector<BlockReport> missing;
+  std::size_t before = 0;
   for (const auto& [name, renderer] : generated.blocks) {
-    if (!counts.contains(name)) {
-      missing.push_back({.name = name, .state = BlockState::missing});
+    const auto found = last_lines.find(name);
+    if (found != last_lines.end()) {
+      before = found->second;
+    } else {
+      missing.push_back({.name = name, .state = BlockState::missing, .last_line = before});
     }
   }
-  std::ranges::move(missing, std::back_inserter(report.blocks));
+  return missing;
 }
 
 void report_body(BlockReport& report, const blocks::Block& match, std::string body) {
@@ -100,6 +109,8 @@ FileReport report_of(const GeneratedFile& generated, std::string text) {
   const Matches matches = blocks::scan(report.text);
   report.blocks = reports_of(report.text, matches);
   report_markers(report, generated);
+  std::ranges::move(missing_blocks(report, generated), std::back_inserter(report.blocks));
+  for (const auto& [name, renderer] : generated.blocks) report.declared.push_back(name);
   try {
     blocks::renderers_of(matches, generated);
   } catch (const ValueError& error) {
