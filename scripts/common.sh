@@ -25,7 +25,7 @@ need() {
   echo "installing ${missing[*]}" >&2
   as_root apt-get -q update >&2
   as_root env DEBIAN_FRONTEND=noninteractive \
-    apt-get -q install -y --no-install-recommends "${missing[@]}" >&2
+    apt-get -q -o DPkg::Lock::Timeout=600 install -y --no-install-recommends "${missing[@]}" >&2
 }
 
 # Configures and builds one of the presets of CMakePresets.json.
