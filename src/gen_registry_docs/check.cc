@@ -57,16 +57,17 @@ std::string text_report(const Files& files, const std::vector<std::string>& diff
   return text;
 }
 
-// Where the files lie, seen from the top of the repository that is being annotated: GitHub's
-// own directory of the run, or else the current one.
-fs::path annotated_root(const fs::path& root) {
+// The top of the repository that is annotated: the directory of GitHub's run, or else the
+// current one.
+fs::path annotated_top() {
   const char* const workspace = std::getenv("GITHUB_WORKSPACE");
   const bool is_known = workspace != nullptr && *workspace != '\0';
-  return fs::proximate(root, is_known ? fs::path(workspace) : fs::current_path());
+  std::error_code failure;
+  return is_known ? fs::path(workspace) : fs::current_path(failure);
 }
 
 std::string shown(const Files& files, const fs::path& root, const Options& options) {
-  if (options.format == Format::github) return github_report(files, annotated_root(root));
+  if (options.format == Format::github) return github_report(files, root, annotated_top());
   if (options.format == Format::json) {
     return json_report(files, options.diff ? diffs_of(files, root, Colors::none)
                                            : std::vector<std::string>());
@@ -108,7 +109,7 @@ int check(const registry_docs::Host& host, const fs::path& root, const Options& 
 void print_failure(const std::string& message, const Options& options) {
   if (options.quiet || options.action != Action::check) return;
   if (options.format == Format::json) print(json_failure(message));
-  if (options.format == Format::github) print(github_failure(message));
+  if (options.format == Format::github) print(github_failure(message, annotated_top()));
 }
 
 }  // namespace gen_registry_docs

@@ -1,6 +1,7 @@
 #include "gen_registry_docs/github_format.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +11,7 @@
 namespace gen_registry_docs {
 namespace {
 
+namespace fs = std::filesystem;
 using registry_docs::BlockReport;
 using registry_docs::BlockState;
 using registry_docs::FileReport;
@@ -46,32 +48,60 @@ std::size_t line_of_problem(const FileReport& file, const std::vector<Step>& ste
   return block == file.blocks.end() ? 1 : block->line;
 }
 
-// The command of a file with a problem.
-std::string annotation(const FileReport& file, const std::string& path) {
+std::string annotation(const fs::path& path, std::size_t line, std::string_view message) {
+  return "::error file=" + escaped_property(path.string()) + ",line=" + std::to_string(line) +
+         "::" + escaped_data(message) + "\n";
+}
+
+// The annotation of a file with a problem.
+std::string annotation(const FileReport& file, const fs::path& root) {
   const std::vector<Step> steps = advice(file);
   std::string message = file.problem;
   for (const Step& step : steps) {
     for (const std::string& line : step_lines(step)) message += "\n" + line;
   }
-  return "::error file=" + escaped_property(path) +
-         ",line=" + std::to_string(line_of_problem(file, steps)) +
-         "::" + escaped_data(message) + "\n";
+  return annotation((root / file.path).lexically_normal(), line_of_problem(file, steps),
+                    message);
+}
+
+// The beginning of a message: a path and, behind a colon, the line if one is named.
+struct Place {
+  fs::path path;
+  std::size_t line = 1;
+};
+
+Place place_of(const std::string& message) {
+  std::string path = message.substr(0, message.find(": "));
+  std::size_t line = 1;
+  const auto digits_begin = [&path] { return path.find_last_not_of("0123456789") + 1; };
+  for (std::size_t at = digits_begin(); at > 1 && at < path.size() && path[at - 1] == ':';
+       at = digits_begin()) {
+    line = std::strtoul(path.c_str() + at, nullptr, 10);  // of a line and a column the first
+    path.resize(at - 1);
+  }
+  return {path, line};
 }
 
 }  // namespace
 
-std::string github_report(std::span<const FileReport> files,
-                          const std::filesystem::path& root) {
+std::string github_report(std::span<const FileReport> files, const fs::path& root,
+                          const fs::path& top) {
+  const fs::path seen_root = fs::proximate(root, top);
   std::string commands;
   for (const FileReport& file : files) {
-    if (file.state == FileState::current) continue;
-    commands += annotation(file, (root / file.path).lexically_normal().string());
+    if (file.state != FileState::current) commands += annotation(file, seen_root);
   }
   return commands;
 }
 
-std::string github_failure(const std::string& message) {
-  return "::error::" + escaped_data(registry_docs::visible(message)) + "\n";
+std::string github_failure(const std::string& message, const fs::path& top) {
+  const Place place = place_of(message);
+  const std::string shown = registry_docs::visible(message);
+  std::error_code failure;
+  const bool is_there = fs::exists(place.path, failure);
+  const fs::path path = is_there ? fs::proximate(place.path, top, failure) : fs::path();
+  return path.empty() ? "::error::" + escaped_data(shown) + "\n"
+                      : annotation(path, place.line, shown);
 }
 
 }  // namespace gen_registry_docs

@@ -119,8 +119,13 @@ std::string_view meant_option(std::string_view argument) {
   return nearest(argument.substr(0, argument.find('=')), names);
 }
 
+// What is wrong with an argument that is none of the options.
 UsageError unknown_option(std::string_view argument) {
   const std::string_view option = meant_option(argument);
+  if (!option.empty() && argument.starts_with(std::string(option) + "=")) {
+    return UsageError(std::string(option) + ": expected no value, found " +
+                      quoted(argument.substr(option.size() + 1)));
+  }
   const std::string meant = option.empty() ? "" : ", perhaps " + std::string(option);
   return UsageError(quoted(argument) + ": expected an option" + meant + ", see --help");
 }
@@ -190,7 +195,9 @@ Options parse_options(std::span<const char* const> arguments) {
     }
   }
   if (!action) {
-    throw UsageError("gen_registry_docs: expected --check, --write or --list, found none");
+    throw UsageError(
+        "gen_registry_docs: expected --check, --write or --list, found none; see "
+        "--help");
   }
   options.action = *action;
   options = with_values(std::move(options), given);

@@ -56,7 +56,8 @@ ODD = {  # messages about what may stand in a file's place, and how it is put th
 }
 
 REFUSED = {  # command lines, and the messages of their refusals
-    "": "gen_registry_docs: expected --check, --write or --list, found none",
+    "": "gen_registry_docs: expected --check, --write or --list, found none; see --help",
+    "--check --quiet=1": "--quiet: expected no value, found '1'",
     "--write --check": "--check --write: expected one of them, found both",
     "--list --check": "--check --list: expected one of them, found both",
     "--list --quiet": "--quiet: expected --check or --write beside it, found --list",

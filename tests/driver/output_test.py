@@ -199,8 +199,14 @@ class Output(ExampleTest):
         self.root.mkdir()
         self.assertEqual(annotations(odd, GITHUB_WORKSPACE=str(self.directory)),
                          expected.format("100%25%2Ca%3Ab/"))
-        failed = self.run_program("--check", "--format", "github", "--root", "100%\n")
-        self.assertEqual(failed.stdout, f"::error::100%25\\n/{REGISTRY}: No such file or directory\n")
+        odd.rename(self.root / "100%")
+        (self.root / "100%" / REGISTRY).write_text("[\n x")
+        for root, place, message in (
+                ("100%", f" file=100%25/{REGISTRY},line=2", f"100%25/{REGISTRY}:2:2: expected a "
+                 "JSON value, found 'x'"),
+                ("100%\n", "", f"100%25\\n/{REGISTRY}: No such file or directory")):
+            failed = self.run_program("--check", "--format", "github", "--root", root, env={})
+            self.assertEqual(failed.stdout, f"::error{place}::{message}\n")
 
 
 if __name__ == "__main__":
