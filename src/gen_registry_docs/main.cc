@@ -7,11 +7,12 @@
 #include "gen_registry_docs/run.h"
 
 int main(int argc, char** argv) {
-  using namespace gen_registry_docs;
+  using gen_registry_docs::print_error;
   // A write beyond a file-size limit is to fail and be undone, not to end the program.
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   try {
-    return run(parse_options({argv + 1, argv + argc}), argv[0]);
+    const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
+    return gen_registry_docs::run(options, argv[0]);
   } catch (const std::bad_alloc&) {
     print_error("gen_registry_docs: expected more memory, found none left");
   } catch (const std::exception& error) {
