@@ -13,11 +13,15 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/registry_docs-config.cmake
               ${PROJECT_BINARY_DIR}/registry_docs-config-version.cmake
         DESTINATION ${package_dir})
 
-# The component `program`: the program, its manual page and its completions.
+# The component `program`: the program, its manual page, its completions, and the schemas of what
+# it reads and prints.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
 install(TARGETS gen_registry_docs)
 install(FILES ${PROJECT_SOURCE_DIR}/man/gen_registry_docs.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/registry.schema.json
+              ${PROJECT_SOURCE_DIR}/docs/output.schema.json
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/registry_docs)
 set(completions ${PROJECT_SOURCE_DIR}/completions)
 install(FILES ${completions}/gen_registry_docs.bash RENAME gen_registry_docs
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)

@@ -1,9 +1,16 @@
-// A write leaves every file as it is rendered or, refused, as it was; the check agrees.
+// A write leaves every file as it is rendered or, refused, as it was; the check agrees, and so
+// does its diff.
 // Parts: the registry, the rules text, and what each file begins with, in the table's order.
 #include <algorithm>
 
 #include "fuzz/target.h"
+#include "gen_registry_docs/advice.h"
+#include "gen_registry_docs/github_format.h"
+#include "gen_registry_docs/json_format.h"
+#include "gen_registry_docs/line_edits.h"
+#include "gen_registry_docs/unified_diff.h"
 #include "registry_docs/markers.h"
+#include "registry_docs/report.h"
 #include "registry_docs/text/line_endings.h"
 #include "support/awkward_host.h"
 #include "support/temporary_directory.h"
@@ -12,6 +19,49 @@
 #include "tesmo_sorvet/registry_error.h"
 
 namespace registry_docs::fuzz {
+namespace {
+
+// What a diff makes of a text, of which it must say the truth.
+std::string patched(std::string_view text, const std::string& diff) {
+  const std::vector<std::string_view> lines = gen_registry_docs::lines_of(text);
+  std::string result;
+  std::size_t at = 0;
+  bool is_new = false;  // the line before
+  const auto rest = std::string_view(diff).substr(diff.find("@@"));
+  for (const std::string_view line : gen_registry_docs::lines_of(rest)) {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    if (std::sscanf(line.data(), "@@ -%zu,%zu ", &first, &count) == 2) {
+      while (at + (count == 0 ? 0 : 1) < first) result += lines.at(at++);
+    } else if (line.starts_with('\\')) {
+      if (is_new) result.pop_back();
+    } else if (line.starts_with('+')) {
+      result += line.substr(1);
+    } else {
+      const std::string_view old_line = lines.at(at++);
+      require(line.substr(1, old_line.size()) == old_line, "a line of the text", diff);
+      if (line.starts_with(' ')) result += old_line;
+    }
+    is_new = line.starts_with('+');
+  }
+  while (at < lines.size()) result += lines[at++];
+  return result;
+}
+
+// Everything that is said of a file.
+void require_truth(const FileReport& file, const std::string& bytes,
+                   const GeneratedFile& generated) {
+  using namespace gen_registry_docs;
+  static_cast<void>(github_report({&file, 1}, ".", "."));
+  static_cast<void>(json_report({&file, 1}, {}));
+  require(file.state != FileState::wrong_markers || !advice(file).empty(), "advice",
+          file.problem);
+  if (file.state != FileState::stale) return;
+  const std::string diff = unified_diff(file, bytes, Colors::none);
+  require(patched(bytes, diff) == render_file(file.text, generated), "the new text", diff);
+}
+
+}  // namespace
 
 void run(std::string_view input) try {
   if (find_ill_formed(input)) return;
@@ -35,6 +85,10 @@ void run(std::string_view input) try {
   bool is_refused = true;
   try {
     stale = stale_blocks(host, root);
+    const std::vector<FileReport> reports = report(host, root);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      require_truth(reports[i], old_texts[i], files[i]);
+    }
     written = write_blocks(host, root);
     is_refused = false;
   } catch (const ValueError&) {

@@ -9,6 +9,7 @@
 #include "gen_registry_docs/loose_markers.h"
 #include "gen_registry_docs/markers_of.h"
 #include "gen_registry_docs/nearest.h"
+#include "registry_docs/markers.h"
 
 namespace gen_registry_docs {
 namespace {
@@ -32,7 +33,7 @@ void add_conflicts(Steps& steps, const FileReport& file) {
   }
 }
 
-// Each of the next two adds to `explained` the names whose absence its steps explain.
+// Some of these add to `explained` the names whose absence their steps explain.
 
 void add_loose_markers(Steps& steps, const FileReport& file, Names& explained) {
   for (const LooseMarker& marker : loose_markers(file)) {
@@ -41,14 +42,25 @@ void add_loose_markers(Steps& steps, const FileReport& file, Names& explained) {
   }
 }
 
+// A name that no marker can hold, though the registry makes a block of it.
+bool is_impossible(std::string_view name) {
+  return !registry_docs::find_marker(opening_marker(name), 0);
+}
+
+std::vector<std::string_view> possible_names(const FileReport& file) {
+  std::vector<std::string_view> names(file.declared.begin(), file.declared.end());
+  std::erase_if(names, is_impossible);
+  return names;
+}
+
 void add_unknown(Steps& steps, const FileReport& file, Names& explained) {
   constexpr std::size_t most_guesses = 20;  // each looks at all names
-  const std::vector<std::string_view> declared(file.declared.begin(), file.declared.end());
+  const std::vector<std::string_view> possible = possible_names(file);
   std::size_t guesses = 0;
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::unknown) continue;
     const std::string_view meant =
-        guesses++ < most_guesses ? nearest(block.name, declared) : std::string_view();
+        guesses++ < most_guesses ? nearest(block.name, possible) : std::string_view();
     add(steps, file, block.line,
         block.name + " is no block of this file; " +
             (meant.empty() ? "take it out, or mend its name"
@@ -66,6 +78,18 @@ void add_repeated(Steps& steps, const FileReport& file) {
     add(steps, file, block.line,
         block.name + " stands at line " + std::to_string(first->second) +
             " already; keep one of them");
+  }
+}
+
+void add_impossible(Steps& steps, const FileReport& file, Names& explained) {
+  for (const BlockReport& block : file.blocks) {
+    if (block.state != BlockState::missing || !is_impossible(block.name)) continue;
+    steps.push_back({0,
+                     file.path + ": " + block.name +
+                         " can be no block; rename the tool, with letters, numbers, \"_\", "
+                         "\":\" and \"-\" alone",
+                     {}});
+    explained.insert(block.name);
   }
 }
 
@@ -112,6 +136,7 @@ std::vector<Step> advice(const FileReport& file) {
   add_loose_markers(steps, file, explained);
   add_unknown(steps, file, explained);
   add_repeated(steps, file);
+  add_impossible(steps, file, explained);
   add_missing(steps, file, explained);
   return steps;
 }

@@ -56,6 +56,11 @@ ADVICE = {  # the changes, and what is said to be mended by hand
     "unknown, but near": ([(README, "registry:readme-tools", "registry:readme_tool")],
                           "README.md:50: readme_tool is no block of this file; perhaps "
                           "readme-tools is meant\n"),
+    "a name that no marker can hold": (
+        [(REGISTRY, '"name": "file_tree"', '"name": "file.tree"')],
+        "docs/mcp-tools.md:158: params:file_tree is no block of this file; take it out, or mend its "
+        "name\ndocs/mcp-tools.md: params:file.tree can be no block; rename the tool, with letters, "
+        'numbers, "_", ":" and "-" alone\n'),
     "repeated": ([(README, "# Tesmo Sorvet\n", pair("readme-tools") * 2)],
                  "".join(f"README.md:{line}: readme-tools stands at line 1 already; keep one of "
                          "them\n" for line in (3, 53))),
@@ -96,7 +101,7 @@ class Output(ExampleTest):
         for name, (changes, by_hand) in ADVICE.items():
             with self.subTest(name):
                 self.renew(*changes)
-                is_stale = ": blocks out of date: " in self.run_program("--check").stdout
+                is_stale = ": the markers do not match" not in self.run_program("--check").stdout
                 expected = by_hand + (UP_TO_DATE if is_stale else MENDED).format(PROGRAM)
                 self.assertEqual(self.run_program("--check").stderr, expected)
                 self.assertEqual(self.run_program("--write", "--quiet").returncode, int(not is_stale))
