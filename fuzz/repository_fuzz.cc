@@ -48,7 +48,7 @@ std::string patched(std::string_view text, const std::string& diff) {
   return result;
 }
 
-// Everything that is said of a file.
+// What is said of a file can be said, and its diff is true.
 void require_truth(const FileReport& file, const std::string& bytes,
                    const GeneratedFile& generated) {
   using namespace gen_registry_docs;

@@ -1,14 +1,16 @@
 #include "gen_registry_docs/advice.h"
 
+#include <algorithm>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "gen_registry_docs/conflicts.h"
+#include "gen_registry_docs/guesses.h"
 #include "gen_registry_docs/loose_markers.h"
 #include "gen_registry_docs/markers_of.h"
-#include "gen_registry_docs/nearest.h"
 #include "registry_docs/markers.h"
 
 namespace gen_registry_docs {
@@ -25,45 +27,52 @@ void add(Steps& steps, const FileReport& file, std::size_t line, const std::stri
   steps.push_back({line, file.path + ":" + std::to_string(line) + ": " + text, {}});
 }
 
-void add_conflicts(Steps& steps, const FileReport& file) {
-  for (const Conflict& conflict : conflicts_across_markers(file)) {
-    add(steps, file, conflict.line,
-        "a merge conflict reaches across a marker, to line " +
-            std::to_string(conflict.last_line) + "; choose a side of it by hand");
-  }
+std::string conflict_text(const Conflict& conflict) {
+  return "a merge conflict reaches across a marker, to line " +
+         std::to_string(conflict.last_line) + "; choose a side of it by hand";
 }
 
-// Some of these add to `explained` the names whose absence their steps explain.
-
-void add_loose_markers(Steps& steps, const FileReport& file, Names& explained) {
-  for (const LooseMarker& marker : loose_markers(file)) {
-    add(steps, file, marker.line, marker.fault);
-    explained.insert(marker.name);
+void add_conflicts(Steps& steps, const FileReport& file) {
+  for (const Conflict& conflict : conflicts_across_markers(file.text, file.blocks)) {
+    add(steps, file, conflict.line, conflict_text(conflict));
   }
 }
 
 // A name that no marker can hold, though the registry makes a block of it.
 bool is_impossible(std::string_view name) {
-  return !registry_docs::find_marker(opening_marker(name), 0);
+  const std::string marker = opening_marker(name);
+  const auto found = registry_docs::find_marker(marker, 0);
+  return !found || found->name != name;
 }
 
+// The missing blocks that a marker can stand for.
 std::vector<std::string_view> possible_names(const FileReport& file) {
-  std::vector<std::string_view> names(file.declared.begin(), file.declared.end());
-  std::erase_if(names, is_impossible);
+  std::vector<std::string_view> names;
+  for (const BlockReport& block : file.blocks) {
+    if (block.state == BlockState::missing && !is_impossible(block.name)) {
+      names.push_back(block.name);
+    }
+  }
   return names;
 }
 
-void add_unknown(Steps& steps, const FileReport& file, Names& explained) {
-  constexpr std::size_t most_guesses = 20;  // each looks at all names
-  const std::vector<std::string_view> possible = possible_names(file);
-  std::size_t guesses = 0;
+// Some of these add to `explained` the names whose absence their steps explain.
+
+void add_loose_markers(Steps& steps, const FileReport& file, Guesses& guesses,
+                       Names& explained) {
+  for (const LooseMarker& marker : loose_markers(file, guesses)) {
+    add(steps, file, marker.line, marker.fault);
+    explained.insert(marker.name);
+  }
+}
+
+void add_unknown(Steps& steps, const FileReport& file, Guesses& guesses, Names& explained) {
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::unknown) continue;
-    const std::string_view meant =
-        guesses++ < most_guesses ? nearest(block.name, possible) : std::string_view();
+    const std::string_view meant = guesses.take(block.name);
     add(steps, file, block.line,
         block.name + " is no block of this file; " +
-            (meant.empty() ? "take it out, or mend its name"
+            (meant.empty() ? "take out its markers and what is between them, or mend its name"
                            : "perhaps " + std::string(meant) + " is meant"));
     explained.insert(meant);
   }
@@ -108,7 +117,9 @@ Step step_for_missing(const FileReport& file, std::span<const std::string_view> 
   return step;
 }
 
+// From the last line to the first, so that each line number holds until its turn comes.
 void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
+  const std::size_t before = steps.size();
   std::vector<std::string_view> names;
   std::size_t line = 0;
   const auto finish = [&] {
@@ -122,6 +133,8 @@ void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
     names.push_back(block.name);
   }
   finish();
+  const auto added = std::span(steps).subspan(before);
+  std::ranges::stable_sort(added, std::ranges::greater(), &Step::line);
 }
 
 }  // namespace
@@ -133,18 +146,30 @@ std::vector<Step> advice(const FileReport& file) {
   const bool is_explained = !steps.empty();
   if (is_explained || file.state != FileState::wrong_markers) return steps;
   Names explained;
-  add_loose_markers(steps, file, explained);
-  add_unknown(steps, file, explained);
+  Guesses guesses(possible_names(file));
+  add_unknown(steps, file, guesses, explained);
+  add_loose_markers(steps, file, guesses, explained);
   add_repeated(steps, file);
   add_impossible(steps, file, explained);
   add_missing(steps, file, explained);
   return steps;
 }
 
-std::vector<std::string> step_lines(const Step& step) {
-  std::vector<std::string> lines = {step.text};
-  lines.insert(lines.end(), step.paste.begin(), step.paste.end());
+std::vector<std::string> advice_lines(const FileReport& file) {
+  std::vector<std::string> lines;
+  for (const Step& step : advice(file)) {
+    lines.push_back(step.text);
+    lines.insert(lines.end(), step.paste.begin(), step.paste.end());
+  }
   return lines;
+}
+
+void refuse_conflict(const registry_docs::GeneratedFile& file, std::string_view text) {
+  if (text.find("<<<<<<<") == std::string_view::npos) return;
+  const auto conflicts = conflicts_across_markers(text, registry_docs::blocks_of(text));
+  if (conflicts.empty()) return;
+  throw registry_docs::ValueError(file.path + ":" + std::to_string(conflicts.front().line) +
+                                  ": " + conflict_text(conflicts.front()));
 }
 
 }  // namespace gen_registry_docs

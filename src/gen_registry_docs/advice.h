@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "registry_docs/report.h"
@@ -20,8 +21,12 @@ struct Step {
 // What has to be done before a write. Nothing for a file that a write brings up to date.
 std::vector<Step> advice(const registry_docs::FileReport& file);
 
-// The step's lines, without line feeds.
-std::vector<std::string> step_lines(const Step& step);
+// The lines of all its steps, without line feeds.
+std::vector<std::string> advice_lines(const registry_docs::FileReport& file);
+
+// A guard of write_blocks: throws ValueError for a text that holds a merge conflict which
+// writing its blocks anew would not settle.
+void refuse_conflict(const registry_docs::GeneratedFile& file, std::string_view text);
 
 }  // namespace gen_registry_docs
 

@@ -33,7 +33,9 @@ Colors colors_of(const Options& options) {
       break;
   }
   const char* const no_color = std::getenv("NO_COLOR");
-  const bool is_refused = no_color != nullptr && *no_color != '\0';
+  const char* const terminal = std::getenv("TERM");
+  const bool is_refused = (no_color != nullptr && *no_color != '\0') ||
+                          (terminal != nullptr && std::string_view(terminal) == "dumb");
   return !is_refused && ::isatty(STDOUT_FILENO) != 0 ? Colors::ansi : Colors::none;
 }
 
@@ -87,7 +89,7 @@ int check_plainly(const registry_docs::Host& host, const fs::path& root,
   if (problems.empty()) return 0;
   if (!options.quiet) {
     print_lines(problems);
-    print_next_steps(registry_docs::report(host, root), options, program);
+    print_next_steps(host, root, options, program);
   }
   return 1;
 }

@@ -11,13 +11,30 @@ namespace {
 
 using registry_docs::BlockReport;
 
-// Where a line that begins with `mark` begins, at or after `from`, or npos.
-std::size_t find_line(std::string_view text, std::string_view mark, std::size_t from) {
-  std::size_t at = text.find(mark, from);
-  while (at != std::string_view::npos && at != 0 && text[at - 1] != '\n') {
-    at = text.find(mark, at + 1);
+constexpr std::size_t npos = std::string_view::npos;
+
+// Whether a conflict's own mark stands at `at`: seven signs, and a blank before its label.
+bool is_mark(std::string_view text, std::size_t at, char sign) {
+  constexpr std::size_t size = 7;
+  if (text.substr(at, size).find_first_not_of(sign) != npos) return false;
+  const std::string_view behind = text.substr(std::min(at + size, text.size()));
+  return text.size() - at >= size && (behind.empty() || behind[0] == ' ' || behind[0] == '\n');
+}
+
+std::size_t next_line(std::string_view text, std::size_t at) {
+  const std::size_t end = text.find('\n', at);
+  return end == npos ? text.size() : end + 1;
+}
+
+// Where the last mark begins of the conflict whose first one begins at `at`, with those inside
+// it; the text's end when it has none.
+std::size_t conflict_end(std::string_view text, std::size_t at) {
+  std::size_t depth = 1;
+  for (at = next_line(text, at); at < text.size(); at = next_line(text, at)) {
+    if (is_mark(text, at, '<')) ++depth;
+    if (is_mark(text, at, '>') && --depth == 0) return at;
   }
-  return at;
+  return text.size();
 }
 
 // `blocks` in the order of the text, then the missing ones.
@@ -36,18 +53,19 @@ bool holds_a_marker(std::string_view text, std::size_t begin, std::size_t end) {
 
 }  // namespace
 
-std::vector<Conflict> conflicts_across_markers(const registry_docs::FileReport& file) {
-  const std::string_view text = file.text;
+std::vector<Conflict> conflicts_across_markers(std::string_view text,
+                                               const std::vector<BlockReport>& blocks) {
   std::vector<Conflict> found;
   registry_docs::LineCounter lines(text);
-  for (std::size_t begin = find_line(text, "<<<<<<< ", 0); begin != std::string_view::npos;) {
-    const std::size_t end = find_line(text, ">>>>>>> ", begin);
-    if (end == std::string_view::npos) break;
-    if (holds_a_marker(text, begin, end) && !lies_within_a_block(file.blocks, begin, end)) {
-      const std::size_t line = lines.line_of(text.data() + begin);
-      found.push_back({line, lines.line_of(text.data() + end)});
+  for (std::size_t at = 0; at < text.size(); at = next_line(text, at)) {
+    if (!is_mark(text, at, '<')) continue;
+    const std::size_t end = conflict_end(text, at);
+    if (holds_a_marker(text, at, end) && !lies_within_a_block(blocks, at, end)) {
+      const std::size_t line = lines.line_of(text.data() + at);
+      const std::size_t last = std::min(end, text.size() - 1);
+      found.push_back({line, lines.line_of(text.data() + last)});
     }
-    begin = find_line(text, "<<<<<<< ", end);
+    at = end;
   }
   return found;
 }

@@ -3,6 +3,7 @@
 #define GEN_REGISTRY_DOCS_CONFLICTS_H
 
 #include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "registry_docs/report.h"
@@ -15,9 +16,10 @@ struct Conflict {
   std::size_t last_line;
 };
 
-// The conflicts of the file's text that hold a marker which they share with no block around
-// them. One that lies within a block is settled by writing the block anew.
-std::vector<Conflict> conflicts_across_markers(const registry_docs::FileReport& file);
+// The conflicts of a text that hold a marker, apart from those that lie within one of its
+// blocks: writing the block anew settles them. `blocks` are in the order of the text.
+std::vector<Conflict> conflicts_across_markers(
+    std::string_view text, const std::vector<registry_docs::BlockReport>& blocks);
 
 }  // namespace gen_registry_docs
 

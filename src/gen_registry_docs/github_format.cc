@@ -37,7 +37,8 @@ std::string escaped_data(std::string_view text) { return escaped(text, "%\r\n");
 
 // Where a person has to begin: at the first step that has a place, or else at the first block
 // that is not current.
-std::size_t line_of_problem(const FileReport& file, const std::vector<Step>& steps) {
+std::size_t line_of_problem(const FileReport& file) {
+  const std::vector<Step> steps = advice(file);
   const auto has_place = [](const Step& step) { return step.line != 0; };
   const auto step = std::ranges::find_if(steps, has_place);
   if (step != steps.end()) return step->line;
@@ -55,13 +56,9 @@ std::string annotation(const fs::path& path, std::size_t line, std::string_view 
 
 // The annotation of a file with a problem.
 std::string annotation(const FileReport& file, const fs::path& root) {
-  const std::vector<Step> steps = advice(file);
   std::string message = file.problem;
-  for (const Step& step : steps) {
-    for (const std::string& line : step_lines(step)) message += "\n" + line;
-  }
-  return annotation((root / file.path).lexically_normal(), line_of_problem(file, steps),
-                    message);
+  for (const std::string& line : advice_lines(file)) message += "\n" + line;
+  return annotation((root / file.path).lexically_normal(), line_of_problem(file), message);
 }
 
 // The beginning of a message: a path and, behind a colon, the line if one is named.
@@ -86,7 +83,9 @@ Place place_of(const std::string& message) {
 
 std::string github_report(std::span<const FileReport> files, const fs::path& root,
                           const fs::path& top) {
-  const fs::path seen_root = fs::proximate(root, top);
+  std::error_code failure;
+  const fs::path near = fs::proximate(root, top, failure);
+  const fs::path& seen_root = failure ? root : near;
   std::string commands;
   for (const FileReport& file : files) {
     if (file.state != FileState::current) commands += annotation(file, seen_root);

@@ -31,7 +31,8 @@ std::string opening_fault(std::string_view name, std::string_view rest) {
   if (!behind.empty()) {
     const bool is_blank = registry_docs::strip(behind).empty();
     return "the line must end with the opening marker of " + std::string(name) +
-           "; take away the " + (is_blank ? "blank" : "text") + " behind it";
+           (is_blank ? "; take away the blank behind it"
+                     : "; move the text behind it to the next line");
   }
   return std::string(name) + " is opened and never closed; add " + closing_marker(name) +
          " where it shall end";
@@ -50,47 +51,67 @@ std::string inner_fault(std::string_view name, const BlockReport& around) {
 // Walks over the markers and the blocks of a text at once.
 class Walk {
  public:
-  explicit Walk(const FileReport& file)
-      : text_(file.text), missing_(missing_names(file)), next_(file.blocks.begin()) {
-    const auto is_missing = [](const BlockReport& block) { return block.line == 0; };
-    end_ = std::ranges::find_if(file.blocks, is_missing);
-  }
+  Walk(const FileReport& file, Guesses& guesses)
+      : file_(file),
+        missing_(missing_names(file)),
+        declared_(file.declared.begin(), file.declared.end()),
+        guesses_(guesses),
+        next_(file.blocks.begin()) {}
 
-  // What is wrong with the marker, if anything.
-  std::optional<std::string> fault(const Marker& marker) {
-    while (next_ != end_ && next_->end < marker.begin) ++next_;
-    if (next_ != end_ && (marker.begin == next_->end || marker.end + 1 == next_->begin)) {
+  // What is wrong with the marker, if anything; its line is still to be set.
+  std::optional<LooseMarker> look_at(const Marker& marker) {
+    while (next_ != file_.blocks.end() && next_->line != 0 && next_->end < marker.begin)
+      ++next_;
+    const bool is_before_block = next_ != file_.blocks.end() && next_->line != 0;
+    if (is_before_block && (marker.begin == next_->end || marker.end + 1 == next_->begin)) {
       return std::nullopt;  // the block's own
     }
-    if (next_ != end_ && marker.begin >= next_->begin) {
-      if (!missing_.contains(marker.name)) return std::nullopt;
-      return inner_fault(marker.name, *next_);
+    const bool is_inside = is_before_block && marker.begin >= next_->begin;
+    if (!declared_.contains(marker.name)) {
+      return is_inside ? std::nullopt : misspelt(marker);
     }
-    if (marker.kind == Marker::Kind::opening) {
-      opened_.insert(marker.name);
-      return opening_fault(marker.name, text_.substr(marker.end));
-    }
-    if (opened_.contains(marker.name)) return std::nullopt;  // its opening marker is at fault
-    return closing_fault(marker.name);
+    if (!missing_.contains(marker.name)) return std::nullopt;
+    return is_inside ? LooseMarker{marker.name, 0, inner_fault(marker.name, *next_)}
+                     : half(marker);
   }
 
  private:
-  std::string_view text_;
+  std::optional<LooseMarker> misspelt(const Marker& marker) {
+    const std::string_view meant = guesses_.take(marker.name);
+    if (meant.empty()) return std::nullopt;
+    return LooseMarker{meant, 0,
+                       std::string(marker.name) + " is no block of this file; perhaps " +
+                           std::string(meant) + " is meant",
+                       true};
+  }
+
+  std::optional<LooseMarker> half(const Marker& marker) {
+    if (marker.kind == Marker::Kind::opening) {
+      opened_.insert(marker.name);
+      const std::string_view rest = std::string_view(file_.text).substr(marker.end);
+      return LooseMarker{marker.name, 0, opening_fault(marker.name, rest)};
+    }
+    if (opened_.contains(marker.name)) return std::nullopt;  // its opening marker is at fault
+    return LooseMarker{marker.name, 0, closing_fault(marker.name)};
+  }
+
+  const FileReport& file_;
   Names missing_;
+  Names declared_;
   Names opened_;
+  Guesses& guesses_;
   std::vector<BlockReport>::const_iterator next_;
-  std::vector<BlockReport>::const_iterator end_;
 };
 
-void add_markers(std::vector<LooseMarker>& found, const FileReport& file) {
+void add_markers(std::vector<LooseMarker>& found, const FileReport& file, Guesses& guesses) {
   const std::string_view text = file.text;
   registry_docs::LineCounter lines(text);
-  Walk walk(file);
+  Walk walk(file, guesses);
   for (auto marker = registry_docs::find_marker(text, 0); marker;
        marker = registry_docs::find_marker(text, marker->end)) {
-    if (auto fault = walk.fault(*marker)) {
-      const std::size_t line = lines.line_of(text.data() + marker->begin);
-      found.push_back({marker->name, line, *std::move(fault)});
+    if (auto loose = walk.look_at(*marker)) {
+      loose->line = lines.line_of(text.data() + marker->begin);
+      found.push_back(*std::move(loose));
     }
   }
 }
@@ -127,16 +148,24 @@ void add_careless_ones(std::vector<LooseMarker>& found, const FileReport& file) 
     const bool is_closing = registry_docs::strip(inside).starts_with('/');
     found.push_back({name, lines.line_of(text.data() + at),
                      "this is almost a marker of " + std::string(name) + "; write " +
-                         (is_closing ? closing_marker(name) : opening_marker(name))});
+                         (is_closing ? closing_marker(name) : opening_marker(name)),
+                     true});
   }
 }
 
 }  // namespace
 
-std::vector<LooseMarker> loose_markers(const FileReport& file) {
+std::vector<LooseMarker> loose_markers(const FileReport& file, Guesses& guesses) {
   std::vector<LooseMarker> found;
-  add_markers(found, file);
+  add_markers(found, file, guesses);
   add_careless_ones(found, file);
+  Names misspelt;
+  for (const LooseMarker& marker : found) {
+    if (marker.is_misspelt) misspelt.insert(marker.name);
+  }
+  std::erase_if(found, [&misspelt](const LooseMarker& marker) {
+    return !marker.is_misspelt && misspelt.contains(marker.name);
+  });
   std::ranges::stable_sort(found, {}, &LooseMarker::line);
   return found;
 }

@@ -7,20 +7,24 @@
 #include <string_view>
 #include <vector>
 
+#include "gen_registry_docs/guesses.h"
 #include "registry_docs/report.h"
 
 namespace gen_registry_docs {
 
-// A marker, or what is almost one.
+// A marker of a missing block, or what shall surely be one.
 struct LooseMarker {
-  std::string_view name;  // borrows from the report
-  std::size_t line;       // counted from 1
-  std::string fault;      // what is wrong with it, and how it is mended
+  std::string_view name;     // of that block; borrows from the report
+  std::size_t line;          // counted from 1
+  std::string fault;         // what is wrong with it, and how it is mended
+  bool is_misspelt = false;  // it is no marker of that name yet
 };
 
-// The markers that stand outside all blocks, those of missing blocks that another block holds,
-// and comments that are almost markers of missing blocks.
-std::vector<LooseMarker> loose_markers(const registry_docs::FileReport& file);
+// The markers of missing blocks that make no block, wherever they stand, and the markers and
+// comments that are almost theirs. A marker that is misspelt takes its name from `guesses`.
+// The faults that are gone once a misspelt marker is mended are left out.
+std::vector<LooseMarker> loose_markers(const registry_docs::FileReport& file,
+                                       Guesses& guesses);
 
 }  // namespace gen_registry_docs
 

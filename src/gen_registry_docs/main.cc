@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
   using gen_registry_docs::print_error;
   // A write beyond a file-size limit is to fail and be undone, not to end the program.
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+  if (argc == 0) return 2;
   try {
     const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
     return gen_registry_docs::run(options, argv[0]);

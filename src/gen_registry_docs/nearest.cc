@@ -2,45 +2,41 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <numeric>
-#include <utility>
-#include <vector>
 
 namespace gen_registry_docs {
 namespace {
 
 constexpr std::size_t most = 2;
 
-// The least number of bytes to put in, take away or change to make one of the other.
-std::size_t distance(std::string_view from, std::string_view to) {
-  std::vector<std::size_t> row(to.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < from.size(); ++i) {
-    std::size_t diagonal = std::exchange(row[0], i + 1);
-    for (std::size_t j = 0; j < to.size(); ++j) {
-      const std::size_t changed = diagonal + (from[i] == to[j] ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({changed, row[j] + 1, diagonal + 1});
-    }
-  }
-  return row.back();
-}
-
-bool is_near(std::string_view name, std::string_view candidate) {
-  const std::size_t limit = std::min(most, candidate.size() / 3);
-  const auto [shorter, longer] = std::minmax({name.size(), candidate.size()});
-  return longer - shorter <= limit && distance(name, candidate) <= limit;
+// Whether so many edits make one of the other. Takes time in proportion to the shorter one.
+bool is_within(std::string_view from, std::string_view to, std::size_t edits) {
+  const auto [at, other] = std::ranges::mismatch(from, to);
+  const auto same = static_cast<std::size_t>(at - from.begin());
+  from.remove_prefix(same);
+  to.remove_prefix(same);
+  if (from.empty() && to.empty()) return true;
+  if (edits == 0) return false;
+  const auto behind = [](std::string_view text, std::size_t count) {
+    return text.substr(std::min(count, text.size()));
+  };
+  const bool is_swapped =
+      from.size() > 1 && to.size() > 1 && from[0] == to[1] && from[1] == to[0];
+  return is_within(behind(from, 1), behind(to, 1), edits - 1) ||
+         is_within(behind(from, 1), to, edits - 1) ||
+         is_within(from, behind(to, 1), edits - 1) ||
+         (is_swapped && is_within(behind(from, 2), behind(to, 2), edits - 1));
 }
 
 }  // namespace
 
 std::string_view nearest(std::string_view name, std::span<const std::string_view> candidates) {
-  std::string_view found;
-  for (const std::string_view candidate : candidates) {
-    if (!is_near(name, candidate)) continue;
-    if (found.empty() || distance(name, candidate) < distance(name, found)) found = candidate;
+  for (std::size_t edits = 0; edits <= most; ++edits) {
+    const auto found = std::ranges::find_if(candidates, [&](std::string_view candidate) {
+      return edits <= candidate.size() / 3 && is_within(name, candidate, edits);
+    });
+    if (found != candidates.end()) return *found;
   }
-  return found;
+  return {};
 }
 
 }  // namespace gen_registry_docs

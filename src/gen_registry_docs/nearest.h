@@ -8,7 +8,7 @@
 namespace gen_registry_docs {
 
 // The candidate that differs from `name` least, empty when none is near: two bytes at most may
-// be put in, taken away or changed, and a third of the candidate's.
+// be put in, taken away, changed or swapped with the next, and a third of the candidate's.
 std::string_view nearest(std::string_view name, std::span<const std::string_view> candidates);
 
 }  // namespace gen_registry_docs

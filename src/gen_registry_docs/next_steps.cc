@@ -1,7 +1,9 @@
 #include "gen_registry_docs/next_steps.h"
 
 #include <algorithm>
+#include <exception>
 #include <string>
+#include <vector>
 
 #include "gen_registry_docs/advice.h"
 #include "gen_registry_docs/output.h"
@@ -36,22 +38,37 @@ std::string write_command(const Options& options, std::string_view program) {
 }  // namespace
 
 void print_next_steps(std::span<const FileReport> files, const Options& options,
-                      std::string_view program) {
+                      std::string_view program, std::string_view said) {
+  bool is_writable = true;
+  bool is_current = true;
   for (const FileReport& file : files) {
-    for (const Step& step : advice(file)) {
-      for (const std::string& line : step_lines(step)) print_error(line);
+    const std::vector<std::string> lines = advice_lines(file);
+    for (const std::string& line : lines) {
+      if (line != said) print_error(line);
     }
+    const bool is_stale = file.state == FileState::stale;
+    is_current = is_current && file.state == FileState::current;
+    is_writable =
+        is_writable && lines.empty() && (is_stale || file.state == FileState::current);
   }
-  const auto is_stale = [](const FileReport& file) { return file.state == FileState::stale; };
-  const auto is_current = [](const FileReport& file) {
-    return file.state == FileState::current;
-  };
-  if (std::ranges::all_of(files, is_current)) return;
-  const bool is_writable = std::ranges::all_of(
-      files, [&](const FileReport& file) { return is_current(file) || is_stale(file); });
-  print_error(is_writable ? "To bring the blocks up to date, run:"
-                          : "When that is mended, bring the blocks up to date:");
+  if (is_current) return;
+  const std::string input = options.registry == "-" ? ", with the registry as input" : "";
+  print_error((is_writable ? "To bring the blocks up to date, run"
+                           : "When that is mended, bring the blocks up to date") +
+              input + ":");
   print_error("  " + write_command(options, program));
+}
+
+void print_next_steps(const registry_docs::Host& host, const std::filesystem::path& root,
+                      const Options& options, std::string_view program,
+                      std::string_view said) {
+  std::vector<FileReport> files;
+  try {
+    files = registry_docs::report(host, root);
+  } catch (const std::exception&) {
+    return;  // what the files were when the problem was found is said already
+  }
+  print_next_steps(files, options, program, said);
 }
 
 }  // namespace gen_registry_docs

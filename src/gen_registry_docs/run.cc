@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "gen_registry_docs/advice.h"
 #include "gen_registry_docs/check.h"
 #include "gen_registry_docs/heap.h"
 #include "gen_registry_docs/help.h"
@@ -40,19 +41,15 @@ fs::path find_root() {
 int write(const registry_docs::Host& host, const fs::path& root, const Options& options,
           std::string_view program) {
   try {
-    const std::vector<std::string> written = registry_docs::write_blocks(host, root);
+    const std::vector<std::string> written =
+        registry_docs::write_blocks(host, root, refuse_conflict);
     if (!options.quiet) print_lines(written);
     return options.exit_code && !written.empty() ? 1 : 0;
   } catch (const registry_docs::ValueError& error) {
     print_error(error.what());
+    if (!options.quiet) print_next_steps(host, root, options, program, error.what());
+    return 1;
   }
-  if (options.quiet) return 1;
-  try {
-    print_next_steps(registry_docs::report(host, root), options, program);
-  } catch (const std::exception&) {
-    return 1;  // another file has a fault too, which is told when this one is mended
-  }
-  return 1;
 }
 
 int list(const registry_docs::Host& host, const fs::path& root) {

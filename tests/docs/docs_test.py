@@ -1,6 +1,6 @@
-"""Runs the sessions that the documents of docs/ show, and compares what comes out.
+"""Runs the commands that the documents of docs/ show, and compares what comes out.
 
-The console blocks of a document are one session, run in order in one shell. A line that begins
+The console blocks of a document are run in order in one shell. A line that begins
 with "$ " is a command, which lines that begin with "> " continue; everything else is what the
 commands print, on either output. UPDATE_DOCS=1 writes what comes out into the document.
 """

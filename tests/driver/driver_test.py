@@ -67,6 +67,7 @@ REFUSED = {  # command lines, and the messages of their refusals
     "--root=. --check --root .": "--root: expected once, found again",
     "--check --roots=.": "'--roots=.': expected an option, perhaps --root, see --help",
     "--chekc": "'--chekc': expected an option, perhaps --check, see --help",
+    "--check --quite": "'--quite': expected an option, perhaps --quiet, see --help",
     "--check --exit": "'--exit': expected an option, see --help",
     "--write --diff": "--diff: expected --check beside it, found --write",
     "--list --format json": "--format: expected --check beside it, found --list",

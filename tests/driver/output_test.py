@@ -16,7 +16,8 @@ import jsonschema
 from example import (CONFIG, CR_LF, EXAMPLE, FILES, MARK, MCP, PROGRAM, README, REGISTRY,
                      STALE, STALE_SKILL, ExampleTest)
 
-SCHEMA = json.loads(pathlib.Path(os.environ["OUTPUT_SCHEMA"]).read_text(encoding="utf-8"))
+SCHEMA = json.loads(pathlib.Path(os.environ["OUTPUT_SCHEMA"]).read_text(encoding="utf-8").replace(
+    '"type": "object",', '"type": "object", "additionalProperties": false,'))
 TOOLS, END = "<!-- registry:readme-tools -->", "<!-- /registry:readme-tools -->"
 CONFLICT = "<<<<<<< ours\n{}\n=======\n{}\n>>>>>>> theirs\n"
 UP_TO_DATE = "To bring the blocks up to date, run:\n  {} --write\n"
@@ -40,27 +41,44 @@ ADVICE = {  # the changes, and what is said to be mended by hand
         [STALE, (README, END + "\n", CONFLICT.format(END, "x\n" + END))],
         "README.md:69: a merge conflict reaches across a marker, to line 74; choose a side of it "
         "by hand\n"),
+    "conflicts within a conflict, without labels": (
+        [(README, TOOLS, "<<<<<<<\n" + CONFLICT.format("x", "y") + TOOLS + "\n=======\n>>>>>>>"),
+         STALE], "README.md:50: a merge conflict reaches across a marker, to line 58; choose a side "
+        "of it by hand\n"),
+    "a conflict without its end": (
+        [(README, TOOLS, "<<<<<<< ours\n" + TOOLS), STALE],
+        "README.md:50: a merge conflict reaches across a marker, to line 96; choose a side of it "
+        "by hand\n"),
     "missing in the midst": (
         drop("params:file_tree", "params:call_paths", "mcp-cli"),
-        "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" + pair("mcp-cli") +
         "docs/mcp-tools.md: missing params:file_tree, params:call_paths; put these lines behind "
-        "line 150:\n" + pair("params:file_tree") + pair("params:call_paths")),
-    "missing, and none before it": (
-        [(README, TOOLS, ""), (README, END, "")],
-        "README.md: missing readme-tools; put these lines where the lists shall stand:\n" +
-        pair("readme-tools")),
+        "line 150:\n" + pair("params:file_tree") + pair("params:call_paths") +
+        "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" + pair("mcp-cli")),
+    "missing, and more in the line before it": (
+        [(README, TOOLS, ""), (README, END, ""), *drop("mcp-overview"),
+         (MCP, "<!-- /registry:mcp-intro -->", "<!-- /registry:mcp-intro --> x")],
+        "".join(f"{file}: missing {name}; put these lines where the lists shall stand:\n" + pair(name)
+                for file, name in ((README, "readme-tools"), (MCP, "mcp-overview")))),
     "unknown": ([(MCP, "registry:mcp-cli", "registry:größe")],
-                "docs/mcp-tools.md:37: größe is no block of this file; take it out, or mend its name\n"
+                "docs/mcp-tools.md:37: größe is no block of this file; take out its markers and what "
+                "is between them, or mend its name\n"
                 "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" +
                 pair("mcp-cli")),
     "unknown, but near": ([(README, "registry:readme-tools", "registry:readme_tool")],
                           "README.md:50: readme_tool is no block of this file; perhaps "
                           "readme-tools is meant\n"),
+    "unknown, and near to one that is there": (
+        [(README, "# Tesmo Sorvet\n", pair("readme-tool"))],
+        "README.md:1: readme-tool is no block of this file; take out its markers and what is "
+        "between them, or mend its name\n"),
+    "one marker misspelt": ([(README, TOOLS, TOOLS.replace("tools", "tool"))],
+                            "README.md:50: readme-tool is no block of this file; perhaps "
+                            "readme-tools is meant\n"),
     "a name that no marker can hold": (
         [(REGISTRY, '"name": "file_tree"', '"name": "file.tree"')],
-        "docs/mcp-tools.md:158: params:file_tree is no block of this file; take it out, or mend its "
-        "name\ndocs/mcp-tools.md: params:file.tree can be no block; rename the tool, with letters, "
-        'numbers, "_", ":" and "-" alone\n'),
+        "docs/mcp-tools.md:158: params:file_tree is no block of this file; take out its markers and "
+        "what is between them, or mend its name\ndocs/mcp-tools.md: params:file.tree can be no "
+        'block; rename the tool, with letters, numbers, "_", ":" and "-" alone\n'),
     "repeated": ([(README, "# Tesmo Sorvet\n", pair("readme-tools") * 2)],
                  "".join(f"README.md:{line}: readme-tools stands at line 1 already; keep one of "
                          "them\n" for line in (3, 53))),
@@ -69,9 +87,9 @@ ADVICE = {  # the changes, and what is said to be mended by hand
         "README.md:50: the line must end with the opening marker of readme-tools; take away the "
         "blank behind it\n"),
     "text behind an opening marker": (
-        [(README, TOOLS, TOOLS + END)],
-        "README.md:50: the line must end with the opening marker of readme-tools; take away the "
-        "text behind it\n"),
+        [(README, TOOLS, TOOLS + "\u3000x")],
+        "README.md:50: the line must end with the opening marker of readme-tools; move the text "
+        "behind it to the next line\n"),
     "never closed": ([(README, END, "")],
                      "README.md:50: readme-tools is opened and never closed; add "
                      "<!-- /registry:readme-tools --> where it shall end\n"),
@@ -85,11 +103,24 @@ ADVICE = {  # the changes, and what is said to be mended by hand
         "".join(f"docs/mcp-tools.md:{line}: the marker of mcp-overview stands within mcp-intro, "
                 "which begins at line 3; move it out\n" for line in (10, 32))),
     "written carelessly": (
-        [(README, TOOLS, "<!--registry: readme-tools-->"), (README, END, END.replace(" r", "r"))],
-        "README.md:50: this is almost a marker of readme-tools; write " + TOOLS + "\n"
-        "README.md:69: readme-tools is closed and was not opened; add <!-- registry:"
-        "readme-tools -->, on a line of its own, where it shall begin\n"),
+        [(README, TOOLS, "<!--registry: readme-tools-->")],
+        "README.md:50: this is almost a marker of readme-tools; write " + TOOLS + "\n"),
+    "markers that are only mentioned": (
+        [(MCP, "## Command line\n", f"A block (`{TOOLS}`, `<!-- registry:mcp-cli -->`)\n"),
+         *drop("params:workspace")],
+        "docs/mcp-tools.md: missing params:workspace; put these lines behind line 211:\n" +
+        pair("params:workspace")),
 }
+FOLLOWED = (  # what is done, to the letter, about a line of advice: its form, and the change
+    (r"perhaps (.*) is meant", lambda name, found, lines, at:
+     [line.replace(f"registry:{name} ", f"registry:{found[1]} ") for line in lines]),
+    (r"(behind it|to the next line)$", lambda name, found, lines, at:
+     lines[:at] + [lines[at].replace(" -->", " -->\n").replace("\n \n", "\n")] + lines[at + 1:]),
+    (r"; write (.*)", lambda name, found, lines, at:
+     lines[:at] + [re.sub("<!--.*-->", found[1], lines[at])] + lines[at + 1:]),
+    (r"take out its markers", lambda name, found, lines, at:
+     lines[:at] + lines[lines.index(f"<!-- /registry:{name} -->\n") + 1:]),
+)
 
 
 class Output(ExampleTest):
@@ -97,14 +128,39 @@ class Output(ExampleTest):
         return subprocess.run([PROGRAM, *arguments], cwd=self.root, capture_output=True,
                               text=True, encoding="utf-8", check=False, **more)
 
+    def follow(self, advice):
+        """Does what is advised, to the letter and in its order; tells whether all can be done."""
+        for step in re.findall(r"^[^<\n ].*\n(?:<.*\n)*", advice, re.M):
+            said, _, pasted = step.partition("\n")
+            file, line, name, said = re.match(r"(.*?):(\d*):? (\S*) (.*)", said).groups()
+            path, at = self.root / file, int(line or 0) - 1
+            lines = path.read_text(encoding="utf-8").splitlines(keepends=True)
+            if behind := re.search(r"behind line (\d+):", said):
+                lines.insert(int(behind[1]), pasted)
+            else:
+                done = [change(name, found, lines, at) for form, change in FOLLOWED
+                        if (found := re.search(form, said))]
+                if not done:
+                    return False
+                lines, = done
+            path.write_text("".join(lines), encoding="utf-8")
+        return True
+
     def test_what_to_do_next(self):
+        """What is said, that no write goes before it, and that it helps in one go."""
         for name, (changes, by_hand) in ADVICE.items():
             with self.subTest(name):
                 self.renew(*changes)
-                is_stale = ": the markers do not match" not in self.run_program("--check").stdout
-                expected = by_hand + (UP_TO_DATE if is_stale else MENDED).format(PROGRAM)
+                before = [(self.root / file).read_bytes() for file in FILES]
+                expected = by_hand + (MENDED if by_hand else UP_TO_DATE).format(PROGRAM)
                 self.assertEqual(self.run_program("--check").stderr, expected)
-                self.assertEqual(self.run_program("--write", "--quiet").returncode, int(not is_stale))
+                refused = self.run_program("--write", "--quiet").returncode
+                self.assertEqual(refused, int(by_hand != ""))
+                if refused:
+                    self.assertEqual([(self.root / file).read_bytes() for file in FILES], before)
+                    if self.follow(by_hand):
+                        self.assertEqual(self.run_program("--write").stderr, "")
+                        self.assertEqual(self.run_program("--check").stdout, "")
         self.renew(STALE)
         said = self.run_program("--check", "--root", "../it's here", f"--registry={REGISTRY}").stderr
         self.assertEqual(said, UP_TO_DATE.format(PROGRAM)[:-1] +
@@ -150,18 +206,25 @@ class Output(ExampleTest):
                 self.assertEqual(re.findall("^@@ (.*)", diff, re.M), expected)
 
     def test_colors(self):
-        ours, theirs = pty.openpty()
+        try:
+            ours, theirs = pty.openpty()
+        except OSError as error:
+            self.skipTest(str(error))
         plain = self.run_program("--check", "--diff").stdout
         colored = self.run_program("--check", "--diff", "--color", "always").stdout
         self.assertIn("\n\x1b[36m@@ -48,7 +48,7 @@ readme-tools\x1b[m\n", colored)
         self.assertIn("\n\x1b[31m-13 tools", colored)
         for argument, variables, expected in (
                 ("--color=auto", {}, colored), ("--diff", {"NO_COLOR": ""}, colored),
-                ("--diff", {"NO_COLOR": "1"}, plain), ("--color=never", {}, plain)):
+                ("--diff", {"NO_COLOR": "1"}, plain), ("--diff", {"TERM": "dumb"}, plain),
+                ("--color=never", {}, plain)):
             with self.subTest(argument, variables=variables):
                 subprocess.run([PROGRAM, "--check", "--diff", argument], cwd=self.root, check=False,
                                stdout=theirs, stderr=subprocess.DEVNULL, env=variables)
-                self.assertEqual(os.read(ours, 99999).decode().replace("\r\n", "\n"), expected)
+                shown = b""
+                while len(shown) < len((expected.replace("\n", "\r\n")).encode()):
+                    shown += os.read(ours, 99999)
+                self.assertEqual(shown.decode().replace("\r\n", "\n"), expected)
 
     def test_json(self):
         self.renew(STALE, (CONFIG, "registry:rules-routes", "registry:größe"),

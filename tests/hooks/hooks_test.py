@@ -100,4 +100,6 @@ class Hooks(unittest.TestCase):
                 if done.returncode != 0:
                     break
             with self.subTest(name):
-                self.assertEqual((done.returncode, said in str(done)), (status, True), done)
+                shown = done.stdout + done.stderr
+                self.assertEqual((done.returncode, said in shown), (status, True), done)
+                self.assertEqual(shown == "", said == "")

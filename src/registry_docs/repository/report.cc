@@ -15,21 +15,6 @@ namespace {
 
 using Matches = std::vector<blocks::Block>;
 
-// Each block of the text with its place, as current.
-std::vector<BlockReport> reports_of(std::string_view text, const Matches& matches) {
-  std::vector<BlockReport> reports;
-  LineCounter lines(text);
-  for (const blocks::Block& match : matches) {
-    BlockReport& report = reports.emplace_back();
-    report.name = match.name;
-    report.line = lines.line_of(match.open.data());
-    report.last_line = lines.line_of(match.close.data());
-    report.begin = static_cast<std::size_t>(match.body.data() - text.data());
-    report.end = report.begin + match.body.size();
-  }
-  return reports;
-}
-
 // Says which blocks are not as declared.
 void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> counts;
@@ -46,8 +31,11 @@ void report_markers(FileReport& report, const GeneratedFile& generated) {
 std::vector<BlockReport> missing_blocks(const FileReport& report,
                                         const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> last_lines;
-  for (const BlockReport& block : report.blocks)
-    last_lines.emplace(block.name, block.last_line);
+  for (const BlockReport& block : report.blocks) {
+    const std::size_t marker_end = report.text.find("-->", block.end) + 3;
+    const bool ends_line = marker_end == report.text.size() || report.text[marker_end] == '\n';
+    last_lines.emplace(block.name, ends_line ? block.last_line : 0);
+  }
   std::vector<BlockReport> missing;
   std::size_t before = 0;
   for (const auto& [name, renderer] : generated.blocks) {
@@ -107,7 +95,7 @@ std::string rendered_text(const FileReport& report, const Matches& matches) {
 FileReport report_of(const GeneratedFile& generated, std::string text) {
   FileReport report{.path = generated.path, .text = std::move(text)};
   const Matches matches = blocks::scan(report.text);
-  report.blocks = reports_of(report.text, matches);
+  report.blocks = blocks_of(report.text);
   report_markers(report, generated);
   std::ranges::move(missing_blocks(report, generated), std::back_inserter(report.blocks));
   for (const auto& [name, renderer] : generated.blocks) report.declared.push_back(name);
@@ -130,6 +118,20 @@ FileReport report_of(const GeneratedFile& generated, std::string text) {
 }
 
 }  // namespace
+
+std::vector<BlockReport> blocks_of(std::string_view text) {
+  std::vector<BlockReport> reports;
+  LineCounter lines(text);
+  for (const blocks::Block& match : blocks::scan(text)) {
+    BlockReport& report = reports.emplace_back();
+    report.name = match.name;
+    report.line = lines.line_of(match.open.data());
+    report.last_line = lines.line_of(match.close.data());
+    report.begin = static_cast<std::size_t>(match.body.data() - text.data());
+    report.end = report.begin + match.body.size();
+  }
+  return reports;
+}
 
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root) {
   std::vector<FileReport> reports;
