@@ -73,6 +73,38 @@ struct InputSchema {
   std::optional<std::vector<std::string_view>> required = {};  // read as a set
 };
 
+// What the blocks' texts call the host. Texts of one line that hold no marker.
+struct Product {
+  std::string name = "Tesmo Sorvet";
+  std::string purpose = "code intelligence";
+  // What the command line of a tool begins with, without a backquote. Unset: there is none, so
+  // that no block shows how a tool or a parameter is spelled there.
+  std::optional<std::string> command = "tesmo-sorvet query";
+};
+
+// How a file stores its blocks.
+enum class Encoding {
+  none,
+  literal,   // as a plain Python string literal holds them: backslashes doubled
+  template_  // as a literal that str.format fills in holds them: braces doubled as well
+};
+
+// A file that holds generated blocks, and their names. "params:*" stands for one block of
+// parameters for each tool.
+struct FileDeclaration {
+  std::string path;  // relative to the repository's root, "/"-separated
+  std::vector<std::string> blocks;
+  Encoding encoding = Encoding::none;
+};
+
+inline constexpr std::string_view all_params = "params:*";
+
+// The names that a declaration may give, in the order in which they are explained.
+std::vector<std::string_view> block_choices();
+
+// The files of a host that declares none.
+std::vector<FileDeclaration> default_files();
+
 // Facts that a routing table's notes may name, by name.
 using Facts = std::map<std::string, std::string, std::less<>>;
 
@@ -81,6 +113,11 @@ using Facts = std::map<std::string, std::string, std::less<>>;
 struct Host {
   // The tier names in documentation order; fixed once the host is bound.
   const std::vector<std::string> TIERS = {};
+
+  Product PRODUCT = {};
+
+  // The files that hold generated blocks, each once; the block names of one are distinct.
+  std::vector<FileDeclaration> FILES = default_files();
 
   // The tools in registry order. The records are shared, so that a table of generated
   // files made before a change to this list keeps the tools it was made from.

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,7 +39,9 @@ std::string value(const Value& value);
 class Table {
  public:
   // The header row, and the rule row with one "---" for each title, below the text `above`.
-  explicit Table(std::initializer_list<std::string_view> header, std::string_view above = {});
+  explicit Table(std::span<const std::string_view> header, std::string_view above = {});
+  explicit Table(std::initializer_list<std::string_view> header, std::string_view above = {})
+      : Table(std::span(header.begin(), header.size()), above) {}
 
   // Begins a row; the cells that follow are its own.
   Table& row();

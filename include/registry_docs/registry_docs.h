@@ -59,7 +59,7 @@ std::string render_file(std::string_view text, const GeneratedFile& generated);
 
 // The files that hold generated blocks, with one parameter block per tool. The renderers
 // borrow `host`, which must outlive the table. Renders nothing. Throws ValueError for a
-// tool whose tier is none of the host's.
+// tool whose tier is none of the host's, and for a name that is no block's.
 std::vector<GeneratedFile> generated_files(const Host& host);
 std::vector<GeneratedFile> generated_files(const Host&& host) = delete;
 

@@ -8,7 +8,7 @@ constexpr std::size_t usual_size = 1024;  // what most tables need, in bytes
 
 }  // namespace
 
-Table::Table(std::initializer_list<std::string_view> header, std::string_view above) {
+Table::Table(std::span<const std::string_view> header, std::string_view above) {
   text_.reserve(above.size() + usual_size);
   text_ += above;
   text_ += '|';

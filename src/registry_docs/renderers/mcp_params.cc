@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "registry_docs/markdown.h"
 #include "registry_docs/markdown/append.h"
@@ -99,15 +101,16 @@ std::string above_table(const ToolSpec& tool) {
   return text;
 }
 
-// A tool without actions has no Actions column.
-markdown::Table params_table(const ToolSpec& tool) {
-  if (tool.actions.empty()) {
-    return markdown::Table({"Parameter", "CLI", "Type", "Required", "Default", "Description"},
-                           above_table(tool));
-  }
-  return markdown::Table(
-      {"Parameter", "CLI", "Type", "Required", "Default", "Actions", "Description"},
-      above_table(tool));
+// A host without a command line has no CLI column, a tool without actions no Actions column.
+markdown::Table params_table(const Host& host, const ToolSpec& tool) {
+  std::array<std::string_view, 7> header;
+  std::size_t size = 0;
+  header[size++] = "Parameter";
+  if (host.PRODUCT.command) header[size++] = "CLI";
+  for (const std::string_view title : {"Type", "Required", "Default"}) header[size++] = title;
+  if (!tool.actions.empty()) header[size++] = "Actions";
+  header[size++] = "Description";
+  return markdown::Table(std::span(header).first(size), above_table(tool));
 }
 
 // Sorted.
@@ -126,10 +129,11 @@ void append_option(std::string& to, const Host& host, const ParamSpec& param) {
 
 void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
              const ParamSpec& param, const PropertySchema& property, const Names& required) {
-  table.row()
-      .code(param.name)
-      .plain([&](std::string& to) { append_option(to, host, param); })
-      .plain([&](std::string& to) { append_type(to, tool, property); })
+  table.row().code(param.name);
+  if (host.PRODUCT.command) {
+    table.plain([&](std::string& to) { append_option(to, host, param); });
+  }
+  table.plain([&](std::string& to) { append_type(to, tool, property); })
       .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
       .cell([&](std::string& to) { append_default(to, param); });
   if (!tool.actions.empty()) {
@@ -146,7 +150,7 @@ std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
   require_same_parameters(tool, properties);
   const Names required = sorted(required_key(schema->required, tool, "required"));
 
-  markdown::Table table = params_table(tool);
+  markdown::Table table = params_table(host, tool);
   for (std::size_t i = 0; i < properties.size(); ++i) {
     add_row(table, host, tool, tool.all_params[i], properties[i], required);
   }

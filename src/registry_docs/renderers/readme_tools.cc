@@ -8,7 +8,7 @@ namespace registry_docs {
 std::string readme_tools_block(const Host& host) {
   markdown::Table table(
       {"Tier", "Tool", "Actions", "Purpose"},
-      std::to_string(host.TOOLS.size()) + " tools for code intelligence, " +
+      std::to_string(host.TOOLS.size()) + " tools for " + host.PRODUCT.purpose + ", " +
           renderers::tier_counts(host) +
           ". A tool with actions takes an `action` parameter that selects one.\n\n");
   for (const auto& tool : ordered_tools(host)) {

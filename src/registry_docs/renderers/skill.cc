@@ -6,9 +6,11 @@
 namespace registry_docs {
 
 std::string skill_tools_block(const Host& host) {
+  const auto& command = host.PRODUCT.command;
   markdown::Table table({"Tool", "Actions", "Use for"},
-                        "## Tool reference (" + std::to_string(host.TOOLS.size()) +
-                            " tools; MCP name = CLI `tesmo-sorvet query <tool>`)\n\n");
+                        "## Tool reference (" + std::to_string(host.TOOLS.size()) + " tools" +
+                            (command ? "; MCP name = CLI `" + *command + " <tool>`" : "") +
+                            ")\n\n");
   for (const auto& tool : ordered_tools(host)) {
     table.row()
         .code(tool->name)

@@ -1,49 +1,85 @@
+#include <algorithm>
+#include <array>
+
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/repository/encode.h"
 
 namespace registry_docs {
 namespace {
 
-// A renderer of the block that one of the public operations makes for the host.
-Renderer bound(const Host& host, std::string (*block)(const Host&)) {
-  return [&host, block] { return block(host); };
-}
+using Block = std::pair<std::string, Renderer>;
 
-// Holds the tool's record itself and never looks it up again.
-Renderer params_renderer(const Host& host, std::shared_ptr<const ToolSpec> tool) {
-  return [&host, tool = std::move(tool)] { return mcp_params_block(host, *tool); };
-}
+std::string rules_routes_block(const Host& host) { return host.rules_table(); }
 
-GeneratedFile mcp_reference(const Host& host) {
-  GeneratedFile file{.path = "docs/mcp-tools.md",
-                     .blocks = {{"mcp-intro", bound(host, mcp_intro_block)},
-                                {"mcp-overview", bound(host, mcp_overview_block)},
-                                {"mcp-cli", bound(host, mcp_cli_block)}}};
+// The blocks that stand for themselves, by name.
+struct NamedBlock {
+  std::string_view name;
+  std::string (*render)(const Host&);
+};
+constexpr std::array<NamedBlock, 8> named_blocks = {{{"skill-routes", skill_routes_block},
+                                                     {"skill-tools", skill_tools_block},
+                                                     {"rules-routes", rules_routes_block},
+                                                     {"rules-block", rules_block},
+                                                     {"readme-tools", readme_tools_block},
+                                                     {"mcp-intro", mcp_intro_block},
+                                                     {"mcp-overview", mcp_overview_block},
+                                                     {"mcp-cli", mcp_cli_block}}};
+
+void add_params(std::vector<Block>& blocks, const Host& host) {
   auto tools = ordered_tools(host);
-  file.blocks.reserve(file.blocks.size() + tools.size());
+  blocks.reserve(blocks.size() + tools.size());
   for (auto& tool : tools) {
     std::string name = "params:" + std::string(tool->name);
-    file.blocks.emplace_back(std::move(name), params_renderer(host, std::move(tool)));
+    // Holds the tool's record itself and never looks it up again.
+    blocks.emplace_back(std::move(name), [&host, tool = std::move(tool)] {
+      return mcp_params_block(host, *tool);
+    });
   }
+}
+
+void add_block(std::vector<Block>& blocks, const Host& host, const std::string& name,
+               const FileDeclaration& file) {
+  if (name == all_params) return add_params(blocks, host);
+  const auto* const found = std::ranges::find(named_blocks, name, &NamedBlock::name);
+  if (found == named_blocks.end()) {
+    throw ValueError(file.path + ": expected the name of a block, found \"" + name + "\"");
+  }
+  blocks.emplace_back(name, [&host, render = found->render] { return render(host); });
+}
+
+GeneratedFile generated_file(const Host& host, const FileDeclaration& declared) {
+  GeneratedFile file{.path = declared.path};
+  if (declared.encoding == Encoding::literal) file.encode = repository::literal_text;
+  if (declared.encoding == Encoding::template_) file.encode = repository::skill_text;
+  for (const std::string& name : declared.blocks) add_block(file.blocks, host, name, declared);
   return file;
 }
 
 }  // namespace
 
+std::vector<FileDeclaration> default_files() {
+  return {
+      {"src/tesmo_sorvet/setup/skill_text.py",
+       {"skill-routes", "skill-tools"},
+       Encoding::template_},
+      {"src/tesmo_sorvet/setup/config.py", {"rules-routes"}, Encoding::literal},
+      {"docs/claude-instructions-template.md", {"rules-block"}},
+      {"README.md", {"readme-tools"}},
+      {"docs/mcp-tools.md", {"mcp-intro", "mcp-overview", "mcp-cli", std::string(all_params)}},
+  };
+}
+
+std::vector<std::string_view> block_choices() {
+  std::vector<std::string_view> names;
+  for (const NamedBlock& block : named_blocks) names.push_back(block.name);
+  names.push_back(all_params);
+  return names;
+}
+
 std::vector<GeneratedFile> generated_files(const Host& host) {
   std::vector<GeneratedFile> files;
-  files.push_back({.path = "src/tesmo_sorvet/setup/skill_text.py",
-                   .blocks = {{"skill-routes", bound(host, skill_routes_block)},
-                              {"skill-tools", bound(host, skill_tools_block)}},
-                   .encode = repository::skill_text});
-  files.push_back({.path = "src/tesmo_sorvet/setup/config.py",
-                   .blocks = {{"rules-routes", [&host] { return host.rules_table(); }}},
-                   .encode = repository::literal_text});
-  files.push_back({.path = "docs/claude-instructions-template.md",
-                   .blocks = {{"rules-block", bound(host, rules_block)}}});
-  files.push_back(
-      {.path = "README.md", .blocks = {{"readme-tools", bound(host, readme_tools_block)}}});
-  files.push_back(mcp_reference(host));
+  files.reserve(host.FILES.size());
+  for (const FileDeclaration& file : host.FILES) files.push_back(generated_file(host, file));
   return files;
 }
 
