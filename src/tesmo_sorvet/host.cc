@@ -1,5 +1,8 @@
 #include "tesmo_sorvet/host.h"
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -9,6 +12,9 @@
 
 #include "registry_docs/errors.h"
 #include "registry_docs/text.h"
+#include "tesmo_sorvet/additions.h"
+#include "tesmo_sorvet/files.h"
+#include "tesmo_sorvet/product.h"
 #include "tesmo_sorvet/setup/config.h"
 #include "tesmo_sorvet/tool_registry.h"
 #include "tesmo_sorvet/tool_routes.h"
@@ -32,38 +38,75 @@ std::string standard_input() {
   return bytes;
 }
 
-// Only a registry that was named may be a pipe: the one in a repository is not waited on.
-Document registry_document(const std::filesystem::path& root,
-                           const std::optional<std::string>& registry) {
-  using registry_docs::FileKind;
-  if (registry == "-") return {*registry, standard_input()};
-  if (registry) {
-    return {*registry, registry_docs::read_bytes(*registry, FileKind::regular_or_pipe)};
-  }
-  const std::filesystem::path path = root / registry_path;
-  return {path.string(), registry_docs::read_bytes(path, FileKind::regular)};
+// Only a file that was named may be a pipe: the one in a repository is not waited on.
+std::string named_file(const std::string& name) {
+  if (name == "-") return standard_input();
+  return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
 }
 
-// What the registry declares. The host's records lie in here, and borrow from the document.
+Document registry_document(const std::filesystem::path& root,
+                           const std::optional<std::string>& registry) {
+  if (registry) return {*registry, named_file(*registry)};
+  const std::filesystem::path path = find_registry(root).value_or(root / registry_path);
+  return {path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular)};
+}
+
+// The answer to tools/list, if the tools come from one.
+std::unique_ptr<Document> answer_document(const Node& registry, const Sources& sources) {
+  const std::optional<Server> declared = server(registry);
+  if (!sources.tools && !declared) return nullptr;
+  if (!sources.tools && !sources.ask) {
+    registry.at("server").refuse("a saved answer beside it", "none");
+  }
+  std::string name = sources.tools ? *sources.tools : "the answer of " + declared->command;
+  std::string json = sources.tools ? named_file(*sources.tools) : sources.ask(*declared);
+  if (sources.keep) sources.keep(json);
+  return std::make_unique<Document>(std::move(name), std::move(json));
+}
+
+// What the registry declares. The host's records lie in here, and borrow from the documents.
 struct Declarations {
-  Declarations(const std::filesystem::path& root, const std::optional<std::string>& registry)
-      : document(registry_document(root, registry)) {
-    document.keep_texts_only();  // 0.9 of the time of 10,000 tools: the files take its room
+  Declarations(const std::filesystem::path& root, const Sources& sources)
+      : document(registry_document(root, sources.registry)),
+        answer(answer_document(Node(document), sources)),
+        files(tesmo_sorvet::files(Node(document), product, root)) {
+    if (answer) add_declared(Node(document), tiers, tools);
+    // 0.9 of the time of 10,000 tools: the files take its room.
+    document.keep_texts_only();
+    if (answer) answer->keep_texts_only();
   }
 
   Document document;
+  const std::unique_ptr<Document> answer;
+  const registry_docs::Product product = tesmo_sorvet::product(Node(document));
+  const std::vector<registry_docs::FileDeclaration> files;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
-  const Tools tools = tesmo_sorvet::tools(Node(document), tiers);
+  Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers);
   const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
   const Frameworks frameworks = endpoint_frameworks(Node(document));
 };
 
+bool needs_rules_text(const std::vector<registry_docs::FileDeclaration>& files) {
+  return std::ranges::any_of(files, [](const registry_docs::FileDeclaration& file) {
+    return std::ranges::find(file.blocks, "rules-block") != file.blocks.end();
+  });
+}
+
 }  // namespace
 
-registry_docs::Host bind_host(const std::filesystem::path& root,
-                              const std::optional<std::string>& registry) {
-  const auto declared = std::make_shared<const Declarations>(root, registry);
+std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory) {
+  for (const char* const name : {registry_path, general_registry_path}) {
+    std::filesystem::path path = directory / name;
+    if (::access(path.c_str(), F_OK) == 0) return path;
+  }
+  return std::nullopt;
+}
+
+registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources) {
+  const auto declared = std::make_shared<const Declarations>(root, sources);
   registry_docs::Host host{.TIERS = declared->tiers};
+  host.PRODUCT = declared->product;
+  host.FILES = declared->files;
   host.TOOLS.reserve(declared->tools.in_order.size());
   for (const Tool& tool : declared->tools.in_order) {
     host.TOOLS.emplace_back(declared, &tool.spec);
@@ -79,11 +122,18 @@ registry_docs::Host bind_host(const std::filesystem::path& root,
     return skill_table(declared->routes, facts);
   };
   host.ENDPOINT_FRAMEWORKS = declared->frameworks;
-  const std::filesystem::path config = root / config_path;
-  host.TESMO_INSTRUCTION_CONTENT =
-      instruction_content(config.string(), registry_docs::read_text(config));
+  if (needs_rules_text(host.FILES)) {
+    const std::filesystem::path config = root / config_path;
+    host.TESMO_INSTRUCTION_CONTENT =
+        instruction_content(config.string(), registry_docs::read_text(config));
+  }
   host.without_markers = without_markers;
   return host;
+}
+
+registry_docs::Host bind_host(const std::filesystem::path& root,
+                              const std::optional<std::string>& registry) {
+  return bind_host(root, Sources{.registry = registry});
 }
 
 }  // namespace tesmo_sorvet

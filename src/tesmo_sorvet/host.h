@@ -3,20 +3,41 @@
 #define TESMO_SORVET_HOST_H
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "registry_docs/host.h"
+#include "tesmo_sorvet/server.h"
 
 namespace tesmo_sorvet {
 
-// Where a repository keeps its registry file, relative to its root.
+// Where a repository may keep its registry file, relative to its root, in the order in which
+// they are looked for.
 inline constexpr const char* registry_path = "src/tesmo_sorvet/tool_registry.json";
+inline constexpr const char* general_registry_path = "registry-docs.json";
 
-// Binds the host from the registry file, "-" for standard input and the repository's own
-// when none is given, and from the rules text of src/tesmo_sorvet/setup/config.py under the
-// root. The host owns all it holds. Throws RegistryError, FileError or DecodeError; the
+// The registry file that the directory holds, if it does.
+std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory);
+
+// Where the declarations come from. "-" is standard input.
+struct Sources {
+  std::optional<std::string> registry = {};  // the repository's own when none is given
+  std::optional<std::string> tools = {};     // a saved answer to tools/list
+  // Returns the answer of the server that the registry declares, as JSON. Called when there is
+  // such a server and no saved answer. What it throws passes on.
+  std::function<std::string(const Server&)> ask = {};
+  // Sees the answer, if one is taken, before anything is made of it.
+  std::function<void(std::string_view json)> keep = {};
+};
+
+// Binds the host from the registry file, the answer to tools/list where there is one, and, if
+// a file shall hold the rules block, the rules text of src/tesmo_sorvet/setup/config.py under
+// the root. The host owns all it holds. Throws RegistryError, FileError or DecodeError; the
 // message begins with the file's name, the registry's as it is given here.
+registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources);
+
 registry_docs::Host bind_host(const std::filesystem::path& root,
                               const std::optional<std::string>& registry = {});
 
