@@ -32,6 +32,7 @@ std::string write_command(const Options& options, std::string_view program) {
   std::string command = shell_word(program) + " --write";
   if (options.root) command += " --root " + shell_word(*options.root);
   if (options.registry) command += " --registry " + shell_word(*options.registry);
+  if (options.tools) command += " --tools " + shell_word(*options.tools);
   return command;
 }
 
@@ -52,7 +53,9 @@ void print_next_steps(std::span<const FileReport> files, const Options& options,
         is_writable && lines.empty() && (is_stale || file.state == FileState::current);
   }
   if (is_current) return;
-  const std::string input = options.registry == "-" ? ", with the registry as input" : "";
+  const std::string input = options.registry == "-" ? ", with the registry as input"
+                            : options.tools == "-"  ? ", with the tools as input"
+                                                    : "";
   print_error((is_writable ? "To bring the blocks up to date, run"
                            : "When that is mended, bring the blocks up to date") +
               input + ":");

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +35,9 @@ constexpr std::array<FlagSwitch, 3> flags = {{{"--diff", &Options::diff},
 struct Given {
   std::optional<std::string> root = {};
   std::optional<std::string> registry = {};
+  std::optional<std::string> tools = {};
+  std::optional<std::string> save_tools = {};
+  std::optional<std::string> timeout = {};
   std::optional<std::string> format = {};
   std::optional<std::string> color = {};
 };
@@ -40,8 +45,11 @@ struct ValueSwitch {
   std::string_view name;
   std::optional<std::string> Given::*value;
 };
-constexpr std::array<ValueSwitch, 4> values = {{{"--root", &Given::root},
+constexpr std::array<ValueSwitch, 7> values = {{{"--root", &Given::root},
                                                 {"--registry", &Given::registry},
+                                                {"--tools", &Given::tools},
+                                                {"--save-tools", &Given::save_tools},
+                                                {"--timeout", &Given::timeout},
                                                 {"--format", &Given::format},
                                                 {"--color", &Given::color}}};
 
@@ -109,6 +117,18 @@ std::optional<Value> chosen(const std::string& option, const std::optional<std::
                    quoted(*name));
 }
 
+std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string>& given) {
+  if (!given) return std::nullopt;
+  constexpr double most = 24 * 60 * 60;
+  double number = 0;
+  const char* const end = given->data() + given->size();
+  const auto [rest, failure] = std::from_chars(given->data(), end, number);
+  if (failure != std::errc() || rest != end || !(number > 0 && number <= most)) {
+    throw UsageError("--timeout: expected a number of seconds, found " + quoted(*given));
+  }
+  return std::chrono::milliseconds(static_cast<std::int64_t>(number * 1000) + 1);
+}
+
 // The option that was probably meant.
 std::string_view meant_option(std::string_view argument) {
   std::vector<std::string_view> names;
@@ -149,6 +169,10 @@ void require_consistency(const Options& options) {
   require(options.diff, "--diff", is_check, "--check");
   require(options.format.has_value(), "--format", is_check, "--check");
   require(options.color.has_value(), "--color", is_check, "--check");
+  if (options.registry == "-" && options.tools == "-") {
+    throw UsageError(
+        "--registry --tools: expected one of them from standard input, found both");
+  }
   if (options.diff && options.format == Format::github) {
     throw UsageError("--diff: expected --format text or json beside it, found github");
   }
@@ -168,6 +192,9 @@ void take_action(Action found, std::optional<Action>& action) {
 Options with_values(Options options, const Given& given) {
   options.root = given.root;
   options.registry = given.registry;
+  options.tools = given.tools;
+  options.save_tools = given.save_tools;
+  options.timeout = seconds(given.timeout);
   options.format = chosen("--format", given.format, formats);
   options.color = chosen("--color", given.color, colors);
   return options;

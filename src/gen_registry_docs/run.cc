@@ -1,12 +1,11 @@
 #include "gen_registry_docs/run.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <vector>
 
 #include "gen_registry_docs/advice.h"
+#include "gen_registry_docs/answer.h"
 #include "gen_registry_docs/check.h"
 #include "gen_registry_docs/heap.h"
 #include "gen_registry_docs/help.h"
@@ -28,14 +27,29 @@ fs::path find_root() {
   const fs::path start = fs::current_path(failure);
   if (failure) throw registry_docs::FileError("the current directory", failure);
   for (fs::path directory = start;; directory = directory.parent_path()) {
-    if (::access((directory / tesmo_sorvet::registry_path).c_str(), F_OK) == 0) {
-      return directory;
-    }
+    if (tesmo_sorvet::find_registry(directory)) return directory;
     if (directory == directory.parent_path()) break;
   }
-  throw UsageError(start.string() + ": expected " + tesmo_sorvet::registry_path +
+  throw UsageError(start.string() + ": expected " + tesmo_sorvet::registry_path + " or " +
+                   tesmo_sorvet::general_registry_path +
                    " here or in a directory above, found none; name the repository with "
                    "--root DIR");
+}
+
+// Binds the host, and writes its server's answer down if that was asked for.
+registry_docs::Host bind(const fs::path& root, const Options& options) {
+  std::string answer;
+  tesmo_sorvet::Sources sources{.registry = options.registry, .tools = options.tools};
+  sources.ask = [&](const tesmo_sorvet::Server& server) { return ask(server, root, options); };
+  if (options.save_tools) sources.keep = [&answer](std::string_view json) { answer = json; };
+  registry_docs::Host host = tesmo_sorvet::bind_host(root, sources);
+  if (!options.save_tools) return host;
+  if (answer.empty()) {
+    throw UsageError(
+        "--save-tools: expected a server in the registry, or --tools, found neither");
+  }
+  save(answer, *options.save_tools);
+  return host;
 }
 
 int write(const registry_docs::Host& host, const fs::path& root, const Options& options,
@@ -61,7 +75,7 @@ int carry_out(const Options& options, std::string_view program) {
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
   ready_heap(options.registry ? fs::path(*options.registry)
                               : root / tesmo_sorvet::registry_path);
-  const registry_docs::Host host = tesmo_sorvet::bind_host(root, options.registry);
+  const registry_docs::Host host = bind(root, options);
   const int status = options.action == Action::check   ? check(host, root, options, program)
                      : options.action == Action::write ? write(host, root, options, program)
                                                        : list(host, root);
