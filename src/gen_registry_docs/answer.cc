@@ -19,9 +19,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using PrettyWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
+
+// Writes numbers as they were spelled.
+class Writer : public PrettyWriter {
+ public:
+  using PrettyWriter::PrettyWriter;
+
+  bool RawNumber(const char* digits, rapidjson::SizeType size, bool /*copy*/) {
+    return RawValue(digits, size, rapidjson::kNumberType);
+  }
+};
+
 std::string pretty(const std::string& json) {
   rapidjson::StringBuffer text;
-  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(text);
+  Writer writer(text);
   writer.SetIndent(' ', 2);
   rapidjson::Reader reader;
   rapidjson::StringStream source(json.c_str());

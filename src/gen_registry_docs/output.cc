@@ -26,4 +26,13 @@ void print_error(std::string_view message) {
   static_cast<void>(std::fputs(line.c_str(), stderr));  // there is nowhere to say it failed
 }
 
+void print_error_lines(std::string_view message) {
+  std::size_t end = message.find('\n');
+  for (; end != std::string_view::npos; end = message.find('\n')) {
+    print_error(message.substr(0, end));
+    message.remove_prefix(end + 1);
+  }
+  print_error(message);
+}
+
 }  // namespace gen_registry_docs

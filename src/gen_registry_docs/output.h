@@ -17,6 +17,9 @@ void print_lines(const std::vector<std::string>& lines);
 // Prints a line to standard error, for a person. What a terminal would act on is escaped.
 void print_error(std::string_view message);
 
+// As above, of a message that has several lines.
+void print_error_lines(std::string_view message);
+
 }  // namespace gen_registry_docs
 
 #endif  // GEN_REGISTRY_DOCS_OUTPUT_H

@@ -52,7 +52,7 @@ std::string next_cursor(const Members& result, std::set<std::string>& seen,
                         Conversation& conversation) {
   std::string cursor(result["nextCursor"]);
   const std::string place = std::string("nextCursor in the answer to ") + list_method;
-  if (cursor.empty()) return cursor;
+  if (cursor.empty() || cursor == "null") return {};
   if (!cursor.starts_with('"')) conversation.fail("a string as " + place, in_quotes(cursor));
   if (!seen.insert(cursor).second) {
     conversation.fail("another " + place, in_quotes(cursor) + " again");

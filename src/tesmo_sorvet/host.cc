@@ -68,8 +68,8 @@ std::unique_ptr<Document> answer_document(const Node& registry, const Sources& s
 struct Declarations {
   Declarations(const std::filesystem::path& root, const Sources& sources)
       : document(registry_document(root, sources.registry)),
-        answer(answer_document(Node(document), sources)),
-        files(tesmo_sorvet::files(Node(document), product, root)) {
+        files(tesmo_sorvet::files(Node(document), product, root)),
+        answer(answer_document(Node(document), sources)) {
     if (answer) add_declared(Node(document), tiers, tools);
     // 0.9 of the time of 10,000 tools: the files take its room.
     document.keep_texts_only();
@@ -77,10 +77,10 @@ struct Declarations {
   }
 
   Document document;
-  const std::unique_ptr<Document> answer;
   const registry_docs::Product product = tesmo_sorvet::product(Node(document));
   const std::vector<registry_docs::FileDeclaration> files;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
+  const std::unique_ptr<Document> answer;  // asked for last, since it may take its time
   Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers);
   const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
   const Frameworks frameworks = endpoint_frameworks(Node(document));
