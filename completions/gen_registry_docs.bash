@@ -3,12 +3,13 @@
 # The options that go with what stands before the word, less those that stand there already.
 _gen_registry_docs_options() {
   local given=" $* " options option
+  local sources='--root --registry --tools --save-tools --timeout'
   case $given in
     *' --help '* | *' -h '* | *' --version '*) return ;;
-    *' --check '*) options='--diff --format --color --quiet --root --registry' ;;
-    *' --write '*) options='--exit-code --quiet --root --registry' ;;
-    *' --list '*) options='--root --registry' ;;
-    *) options='--check --write --list --help --version --root --registry' ;;
+    *' --check '*) options="--diff --format --color --quiet $sources" ;;
+    *' --write '*) options="--exit-code --quiet $sources" ;;
+    *' --list '*) options=$sources ;;
+    *) options="--check --write --list --help --version $sources" ;;
   esac
   for option in $options; do
     [[ $given == *" $option "* ]] || printf '%s\n' "$option"
@@ -25,7 +26,8 @@ _gen_registry_docs() {
   fi
   case $option in
     --root) wanted=(-d) ;;
-    --registry) wanted=(-f) ;;
+    --registry | --tools | --save-tools) wanted=(-f) ;;
+    --timeout) wanted=(-W '') ;;
     --format) wanted=(-W 'text json github') ;;
     --color) wanted=(-W 'auto always never') ;;
     *) wanted=(-W "$(_gen_registry_docs_options "${COMP_WORDS[@]:1:COMP_CWORD-1}")") ;;

@@ -18,3 +18,6 @@ $command -n '__fish_contains_opt write' -l exit-code -d 'End with 1 when a file 
 $command -n '__fish_contains_opt check write' -l quiet -d 'Print nothing but errors'
 $command -l root -x -a '(__fish_complete_directories)' -d 'The repository'
 $command -l registry -r -F -d 'The registry file'
+$command -l tools -r -F -d 'A saved answer of the server'
+$command -l save-tools -r -F -d 'Write the answer of the server down'
+$command -l timeout -x -d 'Seconds for the answer of the server'

@@ -10,22 +10,23 @@ namespace gen_registry_docs {
 inline constexpr std::string_view help_text =
     R"(usage: gen_registry_docs (--check | --write | --list) [OPTION]...
 Makes every list of a tool server's tools from its registry.
-
   --check          name the files whose lists are out of date; write nothing
     --diff           and what a write would change (--color auto|always|never)
     --format FORMAT  text, json or github, which annotates the files of a change
   --write          bring the lists up to date, and print the files that changed
     --exit-code      end with 1 when there were any, so that a hook stops
   --list           show every list with its file, line and state
-  --root DIR       the repository (default: the nearest directory, from here up,
-                   that holds src/tesmo_sorvet/tool_registry.json)
-  --registry FILE  the registry (default: that file; "-" is standard input)
+  --root DIR       the repository (default: the nearest, from here up, that has one)
+  --registry FILE  the registry, "-" is standard input (default:
+                   src/tesmo_sorvet/tool_registry.json, or else registry-docs.json)
+  --tools FILE     a saved answer to tools/list, in place of asking the server
+    --save-tools FILE  write the answer down; --timeout SECONDS (default: 30)
   --quiet          print nothing but errors
   --help, --version
 
 examples
-  gen_registry_docs --check --diff          # what is out of date, and how
-  gen_registry_docs --write --root server   # mend it, in another directory
+  gen_registry_docs --check --diff                    # what is out of date, how
+  gen_registry_docs --write --save-tools tools.json   # mend it, keep the answer
 
 exit status: 0  nothing to report: all current, or written
              1  problems found, a write refused because of one, or --exit-code

@@ -170,8 +170,8 @@ class Driver(ExampleTest):
         self.assertIn("(--check | --write | --list) [OPTION]...\n", text)
         lines = text.splitlines()
         self.assertTrue(len(lines) < 24 and max(map(len, lines)) <= 80, "one screen")
-        message = ("/: expected src/tesmo_sorvet/tool_registry.json here or in a directory above, "
-                   "found none; name the repository with --root DIR\n")
+        message = ("/: expected src/tesmo_sorvet/tool_registry.json or registry-docs.json here or in a "
+                   "directory above, found none; name the repository with --root DIR\n")
         self.expect(2, "", message, "/", "--check")
         self.expect(2, "", f"the current directory: {NO_FILE}\n", self.directory, "--check",
                     preexec_fn=lambda: (os.mkdir("x"), os.chdir("x"), os.rmdir("../x")))
