@@ -16,9 +16,9 @@ Makes every list of a tool server's tools from its registry.
   --write          bring the lists up to date, and print the files that changed
     --exit-code      end with 1 when there were any, so that a hook stops
   --list           show every list with its file, line and state
-  --root DIR       the repository (default: the nearest, from here up, that has one)
-  --registry FILE  the registry, "-" is standard input (default:
-                   src/tesmo_sorvet/tool_registry.json, or else registry-docs.json)
+  --root DIR       the repository (default: the nearest, from here up)
+  --registry FILE  the registry; "-" is standard input (default:
+                   src/tesmo_sorvet/tool_registry.json, else registry-docs.json)
   --tools FILE     a saved answer to tools/list, in place of asking the server
     --save-tools FILE  write the answer down; --timeout SECONDS (default: 30)
   --quiet          print nothing but errors
