@@ -81,7 +81,8 @@ struct Declarations {
   const std::vector<registry_docs::FileDeclaration> files;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
   const std::unique_ptr<Document> answer;  // asked for last, since it may take its time
-  Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers);
+  Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers,
+                                    answer ? Origin::server : Origin::registry);
   const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
   const Frameworks frameworks = endpoint_frameworks(Node(document));
 };

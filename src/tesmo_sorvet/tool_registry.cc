@@ -1,6 +1,7 @@
 #include "tesmo_sorvet/tool_registry.h"
 
 #include <array>
+#include <deque>
 #include <optional>
 #include <unordered_set>
 #include <utility>
@@ -27,19 +28,38 @@ std::string_view known_tier(const Node& declared, const NameSet& tiers) {
   return *found;
 }
 
-void read_tool(const Node& declared, const std::vector<std::string>& tiers,
-               const NameSet& known_tiers, Tool& tool) {
+// In a server's answer no part of the input schema's beginning may be left out.
+void require_input_schema(const Node& declared, const std::optional<Node>& input_schema,
+                          std::string_view tool) {
+  const std::string found = "nothing in the tool " + in_quotes(tool);
+  if (!input_schema) declared.refuse_lack("inputSchema", found);
+  if (!input_schema->find("type")) input_schema->refuse_lack("type", found);
+}
+
+// What all documents read alike.
+struct Reading {
+  Origin origin;
+  const std::vector<std::string>& tiers;
+  const NameSet known_tiers;
+};
+
+void read_tool(const Node& declared, const Reading& reading, std::deque<std::string>& texts,
+               Tool& tool) {
   constexpr std::array<std::string_view, 7> names = {
-      "name", "tier", "summary", "description", "actions", "params", "inputSchema"};
-  const auto [name, tier, summary, description, actions, params, input_schema] =
+      "name", "description", "inputSchema", "tier", "summary", "actions", "params"};
+  auto [name, description, input_schema, tier, summary, actions, params] =
       declared.find_each(names);
   tool.spec.name = name_of(declared, name);
-  tool.spec.tier = tier ? known_tier(*tier, known_tiers) : tiers.front();
+  if (reading.origin == Origin::server) {
+    require_input_schema(declared, input_schema, tool.spec.name);
+    tier = summary = actions = params = std::nullopt;
+  }
+  tool.spec.tier = tier ? known_tier(*tier, reading.known_tiers) : reading.tiers.front();
   if (description) tool.spec.mcp_text = description->string();
   tool.spec.summary = summary ? summary->string() : first_line(tool.spec.mcp_text);
-  if (actions) tool.spec.action_names = actions->strings();
+  Inputs inputs = inputs_of(params, input_schema, tool.spec.name, texts);
+  tool.spec.action_names = actions ? actions->strings() : std::move(inputs.actions);
   tool.spec.actions = tool.spec.action_names;
-  Inputs inputs = inputs_of(params, input_schema);
   tool.spec.all_params = std::move(inputs.params);
   tool.schema = std::move(inputs.schema);
 }
@@ -61,8 +81,8 @@ std::vector<std::string> tiers(const Node& registry) {
   return names;
 }
 
-Tools tools(const Node& registry, const std::vector<std::string>& tiers) {
-  const NameSet known_tiers(tiers.begin(), tiers.end());
+Tools tools(const Node& registry, const std::vector<std::string>& tiers, Origin origin) {
+  const Reading reading{origin, tiers, NameSet(tiers.begin(), tiers.end())};
   const Node declared = registry.at("tools");
   Tools found;
   const std::size_t count = declared.size();
@@ -70,7 +90,7 @@ Tools tools(const Node& registry, const std::vector<std::string>& tiers) {
   found.places.reserve(count);
   declared.for_each_element([&](const Node& element) {
     Tool& tool = found.in_order.emplace_back();
-    read_tool(element, tiers, known_tiers, tool);
+    read_tool(element, reading, found.texts, tool);
     if (!found.places.try_emplace(tool.spec.name, found.places.size()).second) {
       element.at("name").refuse("a name that no other tool has",
                                 in_quotes(tool.spec.name) + " again");

@@ -3,6 +3,7 @@
 #define TESMO_SORVET_TOOL_REGISTRY_H
 
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -21,14 +22,21 @@ struct Tool {
 struct Tools {
   std::vector<Tool> in_order;
   std::unordered_map<std::string_view, std::size_t> places;  // in that order, by name
+  std::deque<std::string> texts;  // that the tools borrow and no document holds
 };
+
+// Who wrote a document: a repository's maintainers, or a server that was asked for its tools.
+enum class Origin { registry, server };
 
 // The tier names in order, ["core"] when the registry names none.
 std::vector<std::string> tiers(const Node& registry);
 
 // The tools in registry order. Refuses a name given twice and a tier that is none of
-// `tiers`. Borrows from the document and from `tiers`.
-Tools tools(const Node& registry, const std::vector<std::string>& tiers);
+// `tiers`. Of a server's tools only name, description and input schema are read, which each
+// must have but for the description; all are of the first tier. Borrows from the document and
+// from `tiers`.
+Tools tools(const Node& registry, const std::vector<std::string>& tiers,
+            Origin origin = Origin::registry);
 
 }  // namespace tesmo_sorvet
 

@@ -5,6 +5,8 @@
 #include <unordered_set>
 
 #include "registry_docs/markdown.h"
+#include "tesmo_sorvet/excerpt.h"
+#include "tesmo_sorvet/json_schema.h"
 #include "tesmo_sorvet/names.h"
 
 namespace tesmo_sorvet {
@@ -15,7 +17,6 @@ using registry_docs::PropertySchema;
 using registry_docs::Value;
 using registry_docs::ValueFormat;
 
-using MaybeNode = std::optional<Node>;
 using Names = std::vector<std::string_view>;
 
 void read_value(const MaybeNode& declared, Value& value) {
@@ -47,21 +48,13 @@ void read_values(const MaybeNode& declared, ParamSpec& param) {
 }
 
 // The members that a parameter and a property of a schema have alike.
-struct SchemaMembers {
-  const MaybeNode& type;
-  const MaybeNode& items;
+struct Limits {
   const MaybeNode& description;
   const MaybeNode& minimum;
   const MaybeNode& maximum;
 };
 
-// What a parameter must give may be missing from a schema, which stands as given.
-void read_schema(const SchemaMembers& declared, PropertySchema& schema) {
-  if (declared.type) schema.type = declared.type->string();
-  if (declared.items) {
-    schema.items.emplace();
-    if (const auto type = declared.items->find("type")) schema.items->type = type->string();
-  }
+void read_limits(const Limits& declared, PropertySchema& schema) {
   if (declared.description) schema.description = declared.description->string();
   read_bound(declared.minimum, schema.minimum);
   read_bound(declared.maximum, schema.maximum);
@@ -74,9 +67,9 @@ void read_param(const Node& declared, ParamSpec& param, PropertySchema& schema) 
   const auto [name, type, items, description, required, default_value, minimum, maximum,
               values, action_defaults, applies_to] = declared.find_each(names);
   schema.name = param.name = name_of(declared, name);
-  read_schema({type, items, description, minimum, maximum}, schema);
-  if (!schema.type) schema.type = "string";
-  if (items) schema.items->type = items->at("type").string();  // must be given
+  schema.type = type ? type->string() : "string";
+  if (items) schema.items.emplace().type = items->at("type").string();
+  read_limits({description, minimum, maximum}, schema);
   if (required) param.required = required->boolean();
   read_value(default_value, param.default_value);
   read_values(values, param);
@@ -113,45 +106,108 @@ Inputs from_params(const Node& declared) {
   return inputs;
 }
 
-void read_property(const Node& declared, ParamSpec& param, PropertySchema& schema) {
-  constexpr std::array<std::string_view, 7> names = {
-      "type", "items", "description", "default", "enum", "minimum", "maximum"};
-  const auto [type, items, description, default_value, values, minimum, maximum] =
-      declared.find_each(names);
-  if (param.name.empty()) declared.refuse("a name", "an empty string");
-  read_schema({type, items, description, minimum, maximum}, schema);
+bool is_plain(const MaybeNode& type) {
+  return type && type->kind() == Kind::string && is_type_name(type->string());
+}
+
+// Of most properties one name says the type, or the items' type, and no text needs to be made.
+bool read_plain_type(const MaybeNode& type, const MaybeNode& items, PropertySchema& schema) {
+  if (!is_plain(type)) return false;
+  schema.type = type->string();
+  if (*schema.type != "array") return true;
+  if (!items || items->kind() != Kind::object) return false;
+  const auto [type_of_items, values] =
+      items->find_each(std::array<std::string_view, 2>{"type", "enum"});
+  if (values || !is_plain(type_of_items) || type_of_items->string() == "array") return false;
+  schema.items.emplace().type = type_of_items->string();
+  return true;
+}
+
+void read_shape(const Node& declared, SchemaReader& reader, ParamSpec& param,
+                PropertySchema& schema) {
+  const Shape shape = reader.read(declared);
+  schema.type = reader.type_text(declared, shape);
+  read_limits({shape.description, shape.minimum, shape.maximum}, schema);
+  read_value(shape.default_value, param.default_value);
+  if (!shape.values) return;
+  param.values_text = [values = shape.values](const ValueFormat& format) {
+    return values_text(values->all, format);
+  };
+}
+
+void read_property(const Node& declared, SchemaReader& reader, ParamSpec& param,
+                   PropertySchema& schema) {
+  if (declared.kind() == Kind::boolean) return read_shape(declared, reader, param, schema);
+  constexpr std::array<std::string_view, 9> names = {"type",    "items", "description",
+                                                     "default", "enum",  "minimum",
+                                                     "maximum", "const", "$ref"};
+  const auto [type, items, description, default_value, values, minimum, maximum, constant,
+              reference] = declared.find_each(names);
+  if (constant || reference || !read_plain_type(type, items, schema)) {
+    return read_shape(declared, reader, param, schema);
+  }
+  read_limits({description, minimum, maximum}, schema);
   read_value(default_value, param.default_value);
+  if (values) reader.require_elements(*values, "value");
   read_values(values, param);
 }
 
-Inputs from_schema(const Node& declared) {
-  Inputs inputs;
-  const auto properties = declared.find("properties");
-  const auto required = declared.find("required");
-  if (required) inputs.schema.required = required->strings();
-  if (!properties) return inputs;
-  inputs.schema.properties.emplace();
-  properties->for_each_member([&](std::string_view name, const Node& property) {
+// The actions of a tool are the values of its parameter "action".
+Names actions_of(const Node& property, SchemaReader& reader) {
+  const Shape shape = reader.read(property);
+  if (!shape.values || shape.values->strings.size() != shape.values->all.size()) return {};
+  return shape.values->strings;
+}
+
+void read_properties(const Node& declared, SchemaReader& reader, Inputs& inputs) {
+  declared.for_each_member([&](std::string_view name, const Node& property) {
+    if (name.empty()) property.refuse("a name", "an empty string");
     ParamSpec& param = inputs.params.emplace_back();
     PropertySchema& schema = inputs.schema.properties->emplace_back();
     schema.name = param.name = name;
-    read_property(property, param, schema);
+    read_property(property, reader, param, schema);
+    if (name == "action") inputs.actions = actions_of(property, reader);
   });
+}
+
+Inputs from_schema(const Node& declared, std::string_view tool,
+                   std::deque<std::string>& texts) {
+  constexpr std::array<std::string_view, 7> names = {"type",  "properties", "required", "$ref",
+                                                     "anyOf", "oneOf",      "allOf"};
+  const auto [type, properties, required, reference, any_of, one_of, all_of] =
+      declared.find_each(names);
+  SchemaReader reader(declared, tool, texts);
+  if (type && type->string() != "object") {
+    reader.refuse(*type, "\"object\"", in_quotes(type->string()));
+  }
+  Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
+  if (required) inputs.schema.required = required->strings();
+  if (!properties) {
+    for (const MaybeNode& other : {reference, all_of, any_of, one_of}) {
+      if (other) reader.refuse(*other, "the parameters in \"properties\"", "them elsewhere");
+    }
+    return inputs;
+  }
+  read_properties(*properties, reader, inputs);
   if (!required) return inputs;
-  const std::unordered_set<std::string_view> names(inputs.schema.required->begin(),
+  const std::unordered_set<std::string_view> known(inputs.schema.required->begin(),
                                                    inputs.schema.required->end());
-  for (ParamSpec& param : inputs.params) param.required = names.contains(param.name);
+  for (ParamSpec& param : inputs.params) param.required = known.contains(param.name);
   return inputs;
 }
 
 }  // namespace
 
-Inputs inputs_of(const MaybeNode& params, const MaybeNode& input_schema) {
+Inputs inputs_of(const MaybeNode& params, const MaybeNode& input_schema, std::string_view tool,
+                 std::deque<std::string>& texts) {
   Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
   if (params) inputs = from_params(*params);
   if (!input_schema) return inputs;
-  Inputs given = from_schema(*input_schema);
-  if (params) given.params = std::move(inputs.params);
+  Inputs given = from_schema(*input_schema, tool, texts);
+  if (params) {
+    given.params = std::move(inputs.params);
+    given.actions.clear();
+  }
   return given;
 }
 

@@ -28,7 +28,7 @@ PARAMS = """\
 | Parameter | Type | Required | Default | Actions | Description |
 | --- | --- | --- | --- | --- | --- |
 | `a` | integer | Yes | -- | all | At least 1. |
-| `b` | number | No | 1.0 (mean: 2) | mean | |
+| `b` | number | No | 1.0 (mean: 2) | mean |  |
 | `action` | string | No | -- | all | One of `sum`, `mean`. |
 """
 ADDED = [{"name": "add", "tier": "late", "summary": "Adds numbers", "params": [

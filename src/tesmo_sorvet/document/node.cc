@@ -75,11 +75,11 @@ Node Node::at(std::string_view name) const {
   refuse_lack(name);
 }
 
-void Node::refuse_lack(std::string_view name) const {
+void Node::refuse_lack(std::string_view name, const std::string& found) const {
   const std::string object = document_->place_of(*token_);
   throw RegistryError(message(*document_,
                               object + (object.empty() ? "" : ".") + std::string(name),
-                              "this member to be given", "nothing"));
+                              "this member to be given", found));
 }
 
 registry_docs::Value Node::bound() const {

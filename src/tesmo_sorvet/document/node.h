@@ -68,7 +68,8 @@ class Node {
   [[nodiscard]] registry_docs::Value bound() const;
 
   // Refuses an object for having no member of that name.
-  [[noreturn]] void refuse_lack(std::string_view name) const;
+  [[noreturn]] void refuse_lack(std::string_view name,
+                                const std::string& found = "nothing") const;
 
   // "expected EXPECTED, found FOUND", at this value's place.
   [[noreturn]] void refuse(const std::string& expected, const std::string& found) const;
