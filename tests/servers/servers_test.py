@@ -77,8 +77,8 @@ class Servers(unittest.TestCase):
         """Runs the program; returns what it says on standard error. None is any output."""
         done = subprocess.run([os.environ["PROGRAM"], *arguments], cwd=self.root, check=False,
                               capture_output=True, encoding="utf-8", stdin=subprocess.DEVNULL)
-        output = done.stdout if output is None else output
         status = int(output != "" and "--check" in arguments)
+        output = done.stdout if output is None else output
         self.assertEqual((done.returncode, done.stdout), (status, output), done.stderr)
         return done.stderr
 
