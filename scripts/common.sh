@@ -5,7 +5,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # What the program is built from.
 build_packages=(g++ cmake ninja-build pkg-config libdtl-dev libutf8proc-dev rapidjson-dev)
 # What the tests need besides.
-test_packages=(git jq libgtest-dev libpcre2-dev patch python3 python3-jsonschema)
+test_packages=(cmark-gfm git jq libgtest-dev libpcre2-dev patch python3 python3-jsonschema)
 # What the benchmarks need besides.
 bench_packages=(libbenchmark-dev libpcre2-dev)
 
