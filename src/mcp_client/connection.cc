@@ -62,21 +62,23 @@ Event Connection::next(std::string& line, Clock::time_point until) {
 
 // Waits until something has happened and sees to it.
 void Connection::exchange(Clock::time_point until) {
+  const bool has_exited = process_.has_exited();
   const short output_event = outgoing_.size() < most_outgoing ? POLLIN : 0;
   const short input_event = outgoing_.empty() ? 0 : POLLOUT;
   std::array<pollfd, 5> files{{{process_.output.number(), output_event, 0},
                                {process_.errors.number(), POLLIN, 0},
                                {process_.input.number(), input_event, 0},
-                               {process_.exited(), POLLIN, 0},
+                               {held_.child_end(), POLLIN, 0},
                                {held_.pending(), POLLIN, 0}}};
-  wait(files, until);
-  const auto& [output, errors, input, exited, signals] = files;
+  wait(files, has_exited ? Clock::now() : until);
+  const auto& [output, errors, input, child_end, signals] = files;
+  if (child_end.revents != 0) held_.forget_child_end();
   is_interrupted_ = signals.revents != 0;
   if (output.revents != 0) lines_.add(read(process_.output));
   if (errors.revents != 0) read_errors();
   if (input.revents != 0) write();
   // What an ended server has written is there.
-  is_over_ = !process_.output.is_open() || (exited.revents != 0 && output.revents == 0);
+  is_over_ = !process_.output.is_open() || (has_exited && output.revents == 0);
 }
 
 // What can be read now. Closes the file at its end. Borrows from the room.
@@ -105,29 +107,30 @@ void Connection::write() {
 
 std::string Connection::end(milliseconds patience) {
   process_.input.close();
-  if (has_exited(patience, held_.pending())) return process_.end();
+  if (ends_within(patience, held_.pending())) return process_.end();
   process_.signal(SIGTERM);
-  has_exited(patience_with_end, -1);
+  ends_within(patience_with_end, -1);
   process_.end();
   return "";
 }
 
 // Waits for the end of the process and of what it wrote by then. A signal at `interruption`
 // ends the patience.
-bool Connection::has_exited(milliseconds patience, int interruption) {
+bool Connection::ends_within(milliseconds patience, int interruption) {
   const Clock::time_point until = Clock::now() + patience;
   for (;;) {
-    std::array<pollfd, 4> files{{{process_.exited(), POLLIN, 0},
+    const bool has_exited = process_.has_exited();
+    std::array<pollfd, 4> files{{{held_.child_end(), POLLIN, 0},
                                  {process_.output.number(), POLLIN, 0},
                                  {process_.errors.number(), POLLIN, 0},
                                  {interruption, POLLIN, 0}}};
-    wait(files, until);
-    const auto& [exited, output, errors, signals] = files;
+    wait(files, has_exited ? Clock::now() : until);
+    const auto& [child_end, output, errors, signals] = files;
+    if (child_end.revents != 0) held_.forget_child_end();
     if (output.revents != 0) read(process_.output);
     if (errors.revents != 0) read_errors();
-    const bool is_drained = errors.revents == 0;
-    if (exited.revents != 0 && is_drained) return true;
-    if (signals.revents != 0 || Clock::now() >= until) return exited.revents != 0;
+    if (has_exited && errors.revents == 0) return true;
+    if (signals.revents != 0 || Clock::now() >= until) return has_exited;
   }
 }
 

@@ -43,7 +43,7 @@ class Connection {
 
  private:
   void exchange(Clock::time_point until);
-  bool has_exited(std::chrono::milliseconds patience, int interruption);
+  bool ends_within(std::chrono::milliseconds patience, int interruption);
   std::string_view read(Descriptor& file);
   void read_errors();
   void write();

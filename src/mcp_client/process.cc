@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -121,13 +120,13 @@ Process::Process(const Server& server, const sigset_t& mask) {
     id_ = 0;
     refuse(server, "a program that can be started", failure);
   }
-  // The declaration of its function is not for C++ in every version of the system's headers.
-  exited_ = Descriptor(static_cast<int>(::syscall(SYS_pidfd_open, id_, 0)));
-  if (!exited_.is_open()) {
-    const int reason = errno;
-    reap();
-    refuse(server, "to be told of its end", reason);
-  }
+}
+
+bool Process::has_exited() const noexcept {
+  siginfo_t end{};
+  return id_ == 0 ||
+         ::waitid(P_PID, static_cast<id_t>(id_), &end, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+         end.si_pid != 0;
 }
 
 std::string Process::end() {

@@ -25,8 +25,8 @@ class Process {
   Descriptor output;
   Descriptor errors;
 
-  // Readable once it has ended.
-  [[nodiscard]] int exited() const noexcept { return exited_.number(); }
+  // Whether the first process has ended.
+  [[nodiscard]] bool has_exited() const noexcept;
 
   // Sends the signal to the whole group, if the first process was not reaped.
   void signal(int number) const noexcept {
@@ -41,7 +41,6 @@ class Process {
   int reap() noexcept;
 
   pid_t id_ = 0;  // none when it was reaped
-  Descriptor exited_;
 };
 
 }  // namespace mcp_client

@@ -8,8 +8,9 @@
 
 namespace mcp_client {
 
-// Holds back the signals that ask this program to end, for those that it does not ignore, and
-// SIGPIPE. At the end the former take their effect, and the latter never was.
+// Holds back the signals that ask this program to end, but for those that it ignores, and
+// those of a broken pipe and of a child's end. The first take their effect when this goes out
+// of scope; a broken pipe is never told of.
 class SignalsHeld {
  public:
   SignalsHeld();
@@ -19,6 +20,9 @@ class SignalsHeld {
 
   // Readable while a signal that asks to end waits.
   [[nodiscard]] int pending() const noexcept { return pending_.number(); }
+  // Readable when a child may have ended since that was forgotten last.
+  [[nodiscard]] int child_end() const noexcept { return child_end_.number(); }
+  void forget_child_end() const noexcept;
   // What a program that is started has to find.
   [[nodiscard]] const sigset_t& mask_before() const noexcept { return mask_before_; }
 
@@ -26,6 +30,7 @@ class SignalsHeld {
   sigset_t mask_before_{};
   struct sigaction child_before_ {};
   Descriptor pending_;
+  Descriptor child_end_;
 };
 
 }  // namespace mcp_client
