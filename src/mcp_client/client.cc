@@ -18,7 +18,7 @@ Members read(std::string_view object) { return members_of(object).value(); }
 void greet(Conversation& conversation) {
   std::string answer;
   conversation.request("initialize",
-                       R"({"protocolVersion":"2025-06-18","capabilities":{},"clientInfo":)"
+                       R"({"protocolVersion":"2025-11-25","capabilities":{},"clientInfo":)"
                        R"({"name":"gen_registry_docs","version":")" REGISTRY_DOCS_VERSION
                        R"("}})",
                        answer);

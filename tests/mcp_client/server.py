@@ -24,7 +24,7 @@ def answer(**members):
 
 def greet():
     hear(method="initialize", params={
-        "protocolVersion": "2025-06-18", "capabilities": {},
+        "protocolVersion": "2025-11-25", "capabilities": {},
         "clientInfo": {"name": "gen_registry_docs", "version": os.environ["VERSION"]}})
     answer(result={"protocolVersion": "1999-12-31"})
     hear(method="notifications/initialized")
