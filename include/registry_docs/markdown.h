@@ -81,7 +81,7 @@ class Table {
     return text_.size();
   }
   Table& end_cell() {
-    text_ += " |";
+    text_ += std::string_view(" |");
     return *this;
   }
   void make_safe(std::size_t begin);

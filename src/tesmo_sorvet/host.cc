@@ -77,8 +77,8 @@ struct Declarations {
   }
 
   Document document;
-  const registry_docs::Product product = tesmo_sorvet::product(Node(document));
-  const std::vector<registry_docs::FileDeclaration> files;
+  registry_docs::Product product = tesmo_sorvet::product(Node(document));
+  std::vector<registry_docs::FileDeclaration> files;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
   const std::unique_ptr<Document> answer;  // asked for last, since it may take its time
   Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers,
@@ -104,10 +104,11 @@ std::optional<std::filesystem::path> find_registry(const std::filesystem::path& 
 }
 
 registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources) {
-  const auto declared = std::make_shared<const Declarations>(root, sources);
-  registry_docs::Host host{.TIERS = declared->tiers};
-  host.PRODUCT = declared->product;
-  host.FILES = declared->files;
+  const auto made = std::make_shared<Declarations>(root, sources);
+  registry_docs::Host host{.TIERS = made->tiers,
+                           .PRODUCT = std::move(made->product),
+                           .FILES = std::move(made->files)};
+  const std::shared_ptr<const Declarations> declared = made;
   host.TOOLS.reserve(declared->tools.in_order.size());
   for (const Tool& tool : declared->tools.in_order) {
     host.TOOLS.emplace_back(declared, &tool.spec);

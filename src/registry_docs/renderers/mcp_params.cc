@@ -122,7 +122,7 @@ Names sorted(Names names) {
 }
 
 void append_option(std::string& to, const Host& host, const ParamSpec& param) {
-  to += "`--";
+  to += std::string_view("`--");
   to += host.snake_to_kebab(param.name);
   to += '`';
 }

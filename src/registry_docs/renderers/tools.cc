@@ -50,8 +50,10 @@ void append_actions(std::string& to, const ToolSpec& tool, std::string_view plac
 }
 
 void append_cli_usage(std::string& to, const Host& host, const ToolSpec& tool) {
-  to += host.PRODUCT.command.value_or("");
-  to += ' ';
+  if (host.PRODUCT.command) {
+    to += *host.PRODUCT.command;
+    to += ' ';
+  }
   to += host.snake_to_kebab(tool.name);
   for (const ParamSpec& param : tool.all_params) {
     if (!param.required) continue;
