@@ -59,9 +59,8 @@ std::vector<BlockReport> blocks_of(std::string_view text);
 // than once. Throws what stale_blocks throws.
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root);
 
-// Looks at the text of a file, and at the one that shall replace it, and throws to keep it.
-using Guard = std::function<void(const GeneratedFile&, std::string_view text,
-                                 std::string_view rendered)>;
+// Looks at the text of a file before a write replaces it, and throws to keep it.
+using Guard = std::function<void(const GeneratedFile&, std::string_view text)>;
 
 // As write_blocks. The guard sees every file whose text would change before any is written;
 // what it throws passes on.

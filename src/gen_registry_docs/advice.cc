@@ -20,7 +20,6 @@ using registry_docs::BlockReport;
 using registry_docs::BlockState;
 using registry_docs::FileReport;
 using registry_docs::FileState;
-using registry_docs::GeneratedFile;
 using Steps = std::vector<Step>;
 using Names = std::unordered_set<std::string_view>;
 
@@ -138,14 +137,6 @@ void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
   std::ranges::stable_sort(added, std::ranges::greater(), &Step::line);
 }
 
-void refuse_conflict(const GeneratedFile& file, std::string_view text) {
-  if (text.find("<<<<<<<") == std::string_view::npos) return;
-  const auto conflicts = conflicts_across_markers(text, registry_docs::blocks_of(text));
-  if (conflicts.empty()) return;
-  throw registry_docs::ValueError(file.path + ":" + std::to_string(conflicts.front().line) +
-                                  ": " + conflict_text(conflicts.front()));
-}
-
 }  // namespace
 
 std::vector<Step> advice(const FileReport& file) {
@@ -173,14 +164,12 @@ std::vector<std::string> advice_lines(const FileReport& file) {
   return lines;
 }
 
-void refuse_loss(const GeneratedFile& file, std::string_view text, std::string_view rendered) {
-  refuse_conflict(file, text);
-  if (registry_docs::render_file(std::string(rendered), file) == rendered) return;
-  for (const auto& [name, renderer] : file.blocks) {
-    if (file.encode(renderer()).find(closing_marker(name)) == std::string::npos) continue;
-    throw registry_docs::ValueError(file.path + ": expected no closing marker within " + name +
-                                    ", found one in what the registry says");
-  }
+void refuse_conflict(const registry_docs::GeneratedFile& file, std::string_view text) {
+  if (text.find("<<<<<<<") == std::string_view::npos) return;
+  const auto conflicts = conflicts_across_markers(text, registry_docs::blocks_of(text));
+  if (conflicts.empty()) return;
+  throw registry_docs::ValueError(file.path + ":" + std::to_string(conflicts.front().line) +
+                                  ": " + conflict_text(conflicts.front()));
 }
 
 }  // namespace gen_registry_docs

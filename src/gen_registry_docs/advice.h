@@ -25,10 +25,8 @@ std::vector<Step> advice(const registry_docs::FileReport& file);
 std::vector<std::string> advice_lines(const registry_docs::FileReport& file);
 
 // A guard of write_blocks: throws ValueError for a text that holds a merge conflict which
-// writing its blocks anew would not settle, and for one that the next write would change
-// again, since a block holds its own closing marker.
-void refuse_loss(const registry_docs::GeneratedFile& file, std::string_view text,
-                 std::string_view rendered);
+// writing its blocks anew would not settle.
+void refuse_conflict(const registry_docs::GeneratedFile& file, std::string_view text);
 
 }  // namespace gen_registry_docs
 

@@ -56,7 +56,7 @@ int write(const registry_docs::Host& host, const fs::path& root, const Options& 
           std::string_view program) {
   try {
     const std::vector<std::string> written =
-        registry_docs::write_blocks(host, root, refuse_loss);
+        registry_docs::write_blocks(host, root, refuse_conflict);
     if (!options.quiet) print_lines(written);
     return options.exit_code && !written.empty() ? 1 : 0;
   } catch (const registry_docs::ValueError& error) {

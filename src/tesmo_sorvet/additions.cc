@@ -55,6 +55,7 @@ void add_declared(const Node& registry, const std::vector<std::string>& tiers, T
   const auto declared = registry.find("tools");
   if (!declared) return;
   std::unordered_set<std::string_view> seen;
+  refuse_markers(*declared);
   declared->for_each_element([&](const Node& tool) {
     const std::string_view name = name_of(tool, tool.find("name"));
     const auto place = tools.places.find(name);

@@ -76,13 +76,19 @@ struct Declarations {
     if (answer) answer->keep_texts_only();
   }
 
+  [[nodiscard]] Origin origin() const {
+    if (answer) return Origin::server;
+    const Node registry(document);
+    const bool is_first = !registry.find("product") && !registry.find("files");
+    return is_first ? Origin::first_host : Origin::registry;
+  }
+
   Document document;
   registry_docs::Product product = tesmo_sorvet::product(Node(document));
   std::vector<registry_docs::FileDeclaration> files;
   const std::vector<std::string> tiers = tesmo_sorvet::tiers(Node(document));
   const std::unique_ptr<Document> answer;  // asked for last, since it may take its time
-  Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers,
-                                    answer ? Origin::server : Origin::registry);
+  Tools tools = tesmo_sorvet::tools(Node(answer ? *answer : document), tiers, origin());
   const std::vector<Route> routes = tesmo_sorvet::routes(Node(document));
   const Frameworks frameworks = endpoint_frameworks(Node(document));
 };

@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "registry_docs/markers.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/excerpt.h"
 #include "tesmo_sorvet/names.h"
@@ -54,10 +55,13 @@ void read_tool(const Node& declared, const Reading& reading, std::deque<std::str
     require_input_schema(declared, input_schema, tool.spec.name);
     tier = summary = actions = params = std::nullopt;
   }
+  if (reading.origin != Origin::first_host) refuse_markers(declared);
   tool.spec.tier = tier ? known_tier(*tier, reading.known_tiers) : reading.tiers.front();
   if (description) tool.spec.mcp_text = description->string();
   tool.spec.summary = summary ? summary->string() : first_line(tool.spec.mcp_text);
-  Inputs inputs = inputs_of(params, input_schema, tool.spec.name, texts);
+  const SchemaRules rules = reading.origin == Origin::first_host ? SchemaRules::as_declared
+                                                                 : SchemaRules::json_schema;
+  Inputs inputs = inputs_of(params, input_schema, rules, tool.spec.name, texts);
   tool.spec.action_names = actions ? actions->strings() : std::move(inputs.actions);
   tool.spec.actions = tool.spec.action_names;
   tool.spec.all_params = std::move(inputs.params);
@@ -65,6 +69,24 @@ void read_tool(const Node& declared, const Reading& reading, std::deque<std::str
 }
 
 }  // namespace
+
+void refuse_markers(const Node& declared) {
+  const auto refuse_marker = [&declared](std::string_view text) {
+    if (registry_docs::find_marker(text, 0)) {
+      declared.refuse("a text without a block's marker", in_quotes(text));
+    }
+  };
+  if (declared.kind() == Kind::string) {
+    refuse_marker(declared.string());
+  } else if (declared.kind() == Kind::array) {
+    declared.for_each_element(refuse_markers);
+  } else if (declared.kind() == Kind::object) {
+    declared.for_each_member([&](std::string_view name, const Node& member) {
+      refuse_marker(name);
+      refuse_markers(member);
+    });
+  }
+}
 
 std::vector<std::string> tiers(const Node& registry) {
   const auto declared = registry.find("tiers");

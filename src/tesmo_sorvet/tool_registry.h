@@ -25,18 +25,23 @@ struct Tools {
   std::deque<std::string> texts;  // that the tools borrow and no document holds
 };
 
-// Who wrote a document: a repository's maintainers, or a server that was asked for its tools.
-enum class Origin { registry, server };
+// Who wrote a document: the first host's maintainers, those of any other server, or a server
+// that was asked for its tools. Input schemas are JSON Schema but for the first.
+enum class Origin { first_host, registry, server };
 
 // The tier names in order, ["core"] when the registry names none.
 std::vector<std::string> tiers(const Node& registry);
+
+// Refuses a text within `declared` that holds a block's marker: the block that shows it would end
+// there for the next write, which would add to its file.
+void refuse_markers(const Node& declared);
 
 // The tools in registry order. Refuses a name given twice and a tier that is none of
 // `tiers`. Of a server's tools only name, description and input schema are read, which each
 // must have but for the description; all are of the first tier. Borrows from the document and
 // from `tiers`.
 Tools tools(const Node& registry, const std::vector<std::string>& tiers,
-            Origin origin = Origin::registry);
+            Origin origin = Origin::first_host);
 
 }  // namespace tesmo_sorvet
 

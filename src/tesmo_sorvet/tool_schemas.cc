@@ -106,6 +106,54 @@ Inputs from_params(const Node& declared) {
   return inputs;
 }
 
+void read_declared_property(const Node& declared, ParamSpec& param, PropertySchema& schema) {
+  constexpr std::array<std::string_view, 7> names = {
+      "type", "items", "description", "default", "enum", "minimum", "maximum"};
+  const auto [type, items, description, default_value, values, minimum, maximum] =
+      declared.find_each(names);
+  if (type) schema.type = type->string();
+  if (items) {
+    schema.items.emplace();
+    if (const auto inner = items->find("type")) schema.items->type = inner->string();
+  }
+  read_limits({description, minimum, maximum}, schema);
+  read_value(default_value, param.default_value);
+  read_values(values, param);
+}
+
+// Marks the parameters that the schema requires.
+void mark_required(Inputs& inputs) {
+  if (!inputs.schema.required) return;
+  const std::unordered_set<std::string_view> names(inputs.schema.required->begin(),
+                                                   inputs.schema.required->end());
+  for (ParamSpec& param : inputs.params) param.required = names.contains(param.name);
+}
+
+// Calls `read` with each property, and with the places for what it says.
+template <typename Read>
+void read_properties(const Node& declared, Inputs& inputs, Read read) {
+  declared.for_each_member([&](std::string_view name, const Node& property) {
+    if (name.empty()) property.refuse("a name", "an empty string");
+    ParamSpec& param = inputs.params.emplace_back();
+    PropertySchema& schema = inputs.schema.properties->emplace_back();
+    schema.name = param.name = name;
+    read(property, param, schema);
+  });
+}
+
+// What must be there may be missing, which the renderers say.
+Inputs from_declared_schema(const Node& declared) {
+  Inputs inputs;
+  const auto properties = declared.find("properties");
+  const auto required = declared.find("required");
+  if (required) inputs.schema.required = required->strings();
+  if (!properties) return inputs;
+  inputs.schema.properties.emplace();
+  read_properties(*properties, inputs, read_declared_property);
+  mark_required(inputs);
+  return inputs;
+}
+
 bool is_plain(const MaybeNode& type) {
   return type && type->kind() == Kind::string && is_type_name(type->string());
 }
@@ -159,17 +207,6 @@ Names actions_of(const Node& property, SchemaReader& reader) {
   return shape.values->strings;
 }
 
-void read_properties(const Node& declared, SchemaReader& reader, Inputs& inputs) {
-  declared.for_each_member([&](std::string_view name, const Node& property) {
-    if (name.empty()) property.refuse("a name", "an empty string");
-    ParamSpec& param = inputs.params.emplace_back();
-    PropertySchema& schema = inputs.schema.properties->emplace_back();
-    schema.name = param.name = name;
-    read_property(property, reader, param, schema);
-    if (name == "action") inputs.actions = actions_of(property, reader);
-  });
-}
-
 Inputs from_schema(const Node& declared, std::string_view tool,
                    std::deque<std::string>& texts) {
   constexpr std::array<std::string_view, 7> names = {"type",  "properties", "required", "$ref",
@@ -188,22 +225,24 @@ Inputs from_schema(const Node& declared, std::string_view tool,
     }
     return inputs;
   }
-  read_properties(*properties, reader, inputs);
-  if (!required) return inputs;
-  const std::unordered_set<std::string_view> known(inputs.schema.required->begin(),
-                                                   inputs.schema.required->end());
-  for (ParamSpec& param : inputs.params) param.required = known.contains(param.name);
+  read_properties(*properties, inputs,
+                  [&](const Node& property, ParamSpec& param, PropertySchema& schema) {
+                    read_property(property, reader, param, schema);
+                    if (param.name == "action") inputs.actions = actions_of(property, reader);
+                  });
+  mark_required(inputs);
   return inputs;
 }
 
 }  // namespace
 
-Inputs inputs_of(const MaybeNode& params, const MaybeNode& input_schema, std::string_view tool,
-                 std::deque<std::string>& texts) {
+Inputs inputs_of(const MaybeNode& params, const MaybeNode& input_schema, SchemaRules rules,
+                 std::string_view tool, std::deque<std::string>& texts) {
   Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
   if (params) inputs = from_params(*params);
   if (!input_schema) return inputs;
-  Inputs given = from_schema(*input_schema, tool, texts);
+  Inputs given = rules == SchemaRules::as_declared ? from_declared_schema(*input_schema)
+                                                   : from_schema(*input_schema, tool, texts);
   if (params) {
     given.params = std::move(inputs.params);
     given.actions.clear();

@@ -19,12 +19,16 @@ struct Inputs {
   std::vector<std::string_view> actions = {};  // that a property "action" of the schema lists
 };
 
+// What an input schema is read as: what its host declares, of which each key stands as it is
+// given or is missing; or JSON Schema, whose every word is put into those of the tables.
+enum class SchemaRules { as_declared, json_schema };
+
 // From a tool's members "params" and "inputSchema". Each stands as given where both are, and
 // must be in order; where one is, it makes the other as well. A refusal of the input schema
 // names the tool. Borrows from the document, and from `texts`, which the texts that no
 // document holds join.
 Inputs inputs_of(const std::optional<Node>& params, const std::optional<Node>& input_schema,
-                 std::string_view tool, std::deque<std::string>& texts);
+                 SchemaRules rules, std::string_view tool, std::deque<std::string>& texts);
 
 // "token_budget" as the command line spells it: "token-budget".
 std::string snake_to_kebab(std::string_view name);

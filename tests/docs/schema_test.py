@@ -15,7 +15,10 @@ CASES = TOP / "tests/tesmo_sorvet"
 SCHEMA = json.loads((TOP / "docs/registry.schema.json").read_text())
 
 GENERAL = {  # what the registry of a server's repository says
-    "product": {"name": "Notes", "purpose": "keeping notes", "command": "notes call"}, "tools": [],
+    "product": {"name": "Notes", "purpose": "keeping notes", "command": "notes call"},
+    "tools": [{"name": "add", "inputSchema": {"type": "object", "required": ["a"], "properties": {
+        "a": {"type": ["string", "null"], "description": "A", "minimum": 1}, "b": {"enum": [1, "x"]},
+        "c": {"type": "array", "items": {"type": "string"}}, "d": {"anyOf": [{"type": "integer"}]}}}}],
     "files": [{"path": "README.md", "blocks": ["readme-tools"], "encode": "none"}]}
 
 

@@ -7,8 +7,7 @@
 namespace registry_docs {
 
 std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root) {
-  return write_blocks(host, root,
-                      [](const GeneratedFile&, std::string_view, std::string_view) {});
+  return write_blocks(host, root, [](const GeneratedFile&, std::string_view) {});
 }
 
 std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root,
@@ -19,7 +18,7 @@ std::vector<std::string> write_blocks(const Host& host, const std::filesystem::p
   for (const GeneratedFile& generated : files) {
     std::string text = read_text(root / generated.path);
     auto changed = blocks::changed_file(text, generated);
-    if (changed) guard(generated, text, *changed);
+    if (changed) guard(generated, text);
     rendered.push_back(changed ? *std::move(changed) : std::move(text));
   }
   std::vector<std::string> written;
