@@ -32,8 +32,8 @@ enum class Origin { first_host, registry, server };
 // The tier names in order, ["core"] when the registry names none.
 std::vector<std::string> tiers(const Node& registry);
 
-// Refuses a text within `declared` that holds a block's marker: the block that shows it would end
-// there for the next write, which would add to its file.
+// Refuses a text within `declared` that holds a block's marker: the block that shows it would
+// end there for the next write, which would add to its file.
 void refuse_markers(const Node& declared);
 
 // The tools in registry order. Refuses a name given twice and a tier that is none of
