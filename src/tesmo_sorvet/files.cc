@@ -47,7 +47,7 @@ bool is_relative(std::string_view path) {
 fs::path real_path(const Node& declared, const fs::path& root) {
   std::error_code failure;
   const fs::path top = fs::weakly_canonical(root, failure);
-  const fs::path path = fs::weakly_canonical(root / declared.string(), failure);
+  fs::path path = fs::weakly_canonical(root / declared.string(), failure);
   if (failure) return root / declared.string();  // reading it will say why
   const auto [end, rest] = std::ranges::mismatch(top, path);
   if (end != top.end()) {
@@ -84,7 +84,7 @@ Encoding encoding_of(const Node& declared) {
   if (declared.string() == "none") return Encoding::none;
   if (declared.string() == "literal") return Encoding::literal;
   if (declared.string() == "template") return Encoding::template_;
-  declared.refuse("\"none\", \"literal\" or \"template\"", in_quotes(declared.string()));
+  declared.refuse(R"("none", "literal" or "template")", in_quotes(declared.string()));
 }
 
 FileDeclaration file_of(const Node& declared, const Names& choices) {

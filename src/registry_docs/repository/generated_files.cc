@@ -71,6 +71,7 @@ std::vector<FileDeclaration> default_files() {
 
 std::vector<std::string_view> block_choices() {
   std::vector<std::string_view> names;
+  names.reserve(named_blocks.size() + 1);
   for (const NamedBlock& block : named_blocks) names.push_back(block.name);
   names.push_back(all_params);
   return names;
