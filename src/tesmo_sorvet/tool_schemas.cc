@@ -219,12 +219,13 @@ Inputs from_schema(const Node& declared, std::string_view tool,
   }
   Inputs inputs{.schema = {.properties = std::vector<PropertySchema>(), .required = Names()}};
   if (required) inputs.schema.required = required->strings();
-  if (!properties) {
-    for (const MaybeNode& other : {reference, all_of, any_of, one_of}) {
-      if (other) reader.refuse(*other, "the parameters in \"properties\"", "them elsewhere");
+  for (const MaybeNode& combinator : {all_of, any_of, one_of}) {
+    if (combinator) {
+      reader.refuse(*combinator, R"(all parameters in "properties")", "a combinator");
     }
-    return inputs;
   }
+  if (reference) reader.refuse(*reference, R"(all parameters in "properties")", "a reference");
+  if (!properties) return inputs;
   read_properties(*properties, inputs,
                   [&](const Node& property, ParamSpec& param, PropertySchema& schema) {
                     read_property(property, reader, param, schema);
