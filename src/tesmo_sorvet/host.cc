@@ -44,11 +44,22 @@ std::string named_file(const std::string& name) {
   return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
 }
 
+Document repository_file(const std::filesystem::path& path) {
+  return {path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular)};
+}
+
+// The first place is looked at by reading it, as most registries stand there.
 Document registry_document(const std::filesystem::path& root,
                            const std::optional<std::string>& registry) {
   if (registry) return {*registry, named_file(*registry)};
-  const std::filesystem::path path = find_registry(root).value_or(root / registry_path);
-  return {path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular)};
+  try {
+    return repository_file(root / registry_path);
+  } catch (const registry_docs::FileError& error) {
+    const auto other = root / general_registry_path;
+    const bool is_absent = error.code() == std::errc::no_such_file_or_directory;
+    if (!is_absent || ::access(other.c_str(), F_OK) != 0) throw;
+    return repository_file(other);
+  }
 }
 
 // The answer to tools/list, if the tools come from one.
