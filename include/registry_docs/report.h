@@ -55,8 +55,8 @@ struct FileReport {
 std::vector<BlockReport> blocks_of(std::string_view text);
 
 // One report for each generated file under `root`, in table order. Writes nothing. A file is
-// current, and has the problem line, exactly as stale_blocks says; renderers are called more
-// than once. Throws what stale_blocks throws.
+// current, and has the problem line, exactly as stale_blocks says. Throws what stale_blocks
+// throws.
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root);
 
 // Looks at the text of a file before a write replaces it, and throws to keep it.

@@ -26,6 +26,10 @@ std::string_view strip(std::string_view text);
 // ("\xff") that is no UTF-8. Everything else stays as it is.
 std::string visible(std::string_view bytes);
 
+// A text of up to 200 bytes as it is; of a longer one a beginning, cut between characters, and
+// "...". For messages that repeat what may be of any size.
+std::string excerpt(std::string_view text);
+
 // The lines of a text, found from its beginning on, in one pass for all.
 class LineCounter {
  public:

@@ -37,7 +37,9 @@ std::string pretty(const std::string& json) {
   writer.SetIndent(' ', 2);
   rapidjson::Reader reader;
   rapidjson::StringStream source(json.c_str());
-  reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(source, writer);
+  const bool is_read =
+      !reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(source, writer).IsError();
+  if (!is_read) return json;  // it holds a number that this reader does not take
   return std::string(text.GetString(), text.GetSize()) + "\n";
 }
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "registry_docs/text.h"
+
 namespace tesmo_sorvet {
 
-// A text of up to 200 bytes as it is; of a longer one a beginning, cut between characters,
-// and "...". `text` must be UTF-8.
-std::string excerpt(std::string_view text);
+using registry_docs::excerpt;
 
 // The excerpt between two quotes.
 std::string in_quotes(std::string_view text, char quote = '"');

@@ -110,6 +110,10 @@ class Server(unittest.TestCase):
                     "To bring the blocks up to date, run, with the tools as input:\n"
                     f"  {PROGRAM} --write --tools -\n", input=changed)
         self.assertEqual((self.root / "new.json").read_text(), changed)
+        wide = saved.replace('"default": 1.0', '"default": 0e999')  # which not all readers take
+        self.expect("--check --tools - --save-tools new.json", 1,
+                    "docs/tools.md: blocks out of date: params:add\n", None, input=wide)
+        self.assertEqual((self.root / "new.json").read_text(), wide)
 
     def test_tools_that_come_and_go(self):
         self.expect("--write --quiet", 0, "", "")

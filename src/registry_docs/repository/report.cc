@@ -15,6 +15,21 @@ namespace {
 
 using Matches = std::vector<blocks::Block>;
 
+// Each block of the text with its place, as current.
+std::vector<BlockReport> reports_of(std::string_view text, const Matches& matches) {
+  std::vector<BlockReport> reports;
+  LineCounter lines(text);
+  for (const blocks::Block& match : matches) {
+    BlockReport& report = reports.emplace_back();
+    report.name = match.name;
+    report.line = lines.line_of(match.open.data());
+    report.last_line = lines.line_of(match.close.data());
+    report.begin = static_cast<std::size_t>(match.body.data() - text.data());
+    report.end = report.begin + match.body.size();
+  }
+  return reports;
+}
+
 // Says which blocks are not as declared.
 void report_markers(FileReport& report, const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> counts;
@@ -95,7 +110,7 @@ std::string rendered_text(const FileReport& report, const Matches& matches) {
 FileReport report_of(const GeneratedFile& generated, std::string text) {
   FileReport report{.path = generated.path, .text = std::move(text)};
   const Matches matches = blocks::scan(report.text);
-  report.blocks = blocks_of(report.text);
+  report.blocks = reports_of(report.text, matches);
   report_markers(report, generated);
   std::ranges::move(missing_blocks(report, generated), std::back_inserter(report.blocks));
   for (const auto& [name, renderer] : generated.blocks) report.declared.push_back(name);
@@ -120,17 +135,7 @@ FileReport report_of(const GeneratedFile& generated, std::string text) {
 }  // namespace
 
 std::vector<BlockReport> blocks_of(std::string_view text) {
-  std::vector<BlockReport> reports;
-  LineCounter lines(text);
-  for (const blocks::Block& match : blocks::scan(text)) {
-    BlockReport& report = reports.emplace_back();
-    report.name = match.name;
-    report.line = lines.line_of(match.open.data());
-    report.last_line = lines.line_of(match.close.data());
-    report.begin = static_cast<std::size_t>(match.body.data() - text.data());
-    report.end = report.begin + match.body.size();
-  }
-  return reports;
+  return reports_of(text, blocks::scan(text));
 }
 
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root) {
