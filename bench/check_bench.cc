@@ -1,13 +1,13 @@
 // A check of a repository whose files are current.
 #include "bench/suites.h"
+#include "registry/host.h"
 #include "registry_docs/registry_docs.h"
-#include "tesmo_sorvet/host.h"
 
 namespace registry_docs::bench {
 namespace {
 
 std::size_t check(const std::filesystem::path& root) {
-  return stale_blocks(tesmo_sorvet::bind_host(root), root).size();
+  return stale_blocks(registry::bind_host(root), root).size();
 }
 
 }  // namespace

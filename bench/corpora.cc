@@ -9,6 +9,7 @@
 #include <random>
 #include <stdexcept>
 
+#include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
@@ -153,7 +154,7 @@ void make_repository(const fs::path& root, std::size_t tools) {
   fs::copy(EXAMPLE, root, fs::copy_options::recursive);
   const fs::path registry = root / tesmo_sorvet::registry_path;
   write_file(registry, with_tools(read_text(registry), tools));
-  const Host host = tesmo_sorvet::bind_host(root);
+  const Host host = registry::bind_host(root);
   write_file(root / "docs/mcp-tools.md", reference(host));
   write_blocks(host, root);
   if (!stale_blocks(host, root).empty()) {

@@ -1,15 +1,16 @@
 // Loading the registry, beside RapidJSON's parser alone.
 #include "bench/json_peer.h"
 #include "bench/suites.h"
+#include "json/document.h"
+#include "registry/host.h"
 #include "registry_docs/text.h"
-#include "tesmo_sorvet/document/document.h"
 #include "tesmo_sorvet/host.h"
 
 namespace registry_docs::bench {
 namespace {
 
 void document(const std::string& json) {
-  benchmark::DoNotOptimize(tesmo_sorvet::Document("registry", json).root());
+  benchmark::DoNotOptimize(json::Document("registry", json).root());
 }
 
 void rapidjson(const std::string& json) { parse_in_place(copy_of(json).get()); }
@@ -21,7 +22,7 @@ std::string registry_of(std::int64_t tools) {
 }  // namespace
 
 void register_registry() {
-  const auto bind = [](const auto& root) { return tesmo_sorvet::bind_host(root); };
+  const auto bind = [](const auto& root) { return registry::bind_host(root); };
   add_by_size("registry/document", document, registry_of, 10, 10'000);
   add_by_size("registry/rapidjson", rapidjson, registry_of, 10, 10'000);
   add_by_size("registry/host", bind, repository_of, 10, 10'000);

@@ -6,19 +6,17 @@
 #include <set>
 
 #include "fuzz/target.h"
+#include "json/document.h"
+#include "json/refusal.h"
 #include "registry_docs/errors.h"
-#include "tesmo_sorvet/document/document.h"
-#include "tesmo_sorvet/document/refusal.h"
-#include "tesmo_sorvet/registry_error.h"
 
 namespace registry_docs::fuzz {
 namespace {
 
+using json::Document;
+using json::Kind;
+using json::Token;
 using rapidjson::SizeType;
-using tesmo_sorvet::Document;
-using tesmo_sorvet::Kind;
-using tesmo_sorvet::RegistryError;
-using tesmo_sorvet::Token;
 
 // Makes the tokens from the events, and stops for what a document refuses besides: a lone
 // surrogate, a number that cannot be held, deep nesting, and a name that stands twice.
@@ -94,8 +92,8 @@ void require_same(const Document& document, const std::vector<Token>& expected,
 // Of a byte of the document.
 std::string position(const std::string& json, std::size_t offset) {
   try {
-    tesmo_sorvet::refuse({"j", json}, json.data() + offset, "");
-  } catch (const RegistryError& error) {
+    json::refuse({"j", json}, json.data() + offset, "");
+  } catch (const InputError& error) {
     return error.what();
   }
 }
@@ -118,7 +116,7 @@ void run(std::string_view input) {
     const Document document("j", json);
     require(is_whole, "a refusal", json);
     require_same(document, events.tokens(), json);
-  } catch (const RegistryError& error) {
+  } catch (const InputError& error) {
     const std::string message = error.what();
     require(!is_whole, "no refusal", message);
     if (result.Code() == rapidjson::kParseErrorTermination) return;  // by the events

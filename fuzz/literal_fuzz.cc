@@ -2,10 +2,9 @@
 #include <array>
 
 #include "fuzz/target.h"
-#include "registry_docs/text/code_point.h"
-#include "registry_docs/text/line_endings.h"
-#include "tesmo_sorvet/registry_error.h"
 #include "tesmo_sorvet/setup/config.h"
+#include "text/code_point.h"
+#include "text/line_endings.h"
 
 namespace registry_docs::fuzz {
 namespace {
@@ -42,7 +41,7 @@ void run(std::string_view input) {
   try {
     source = text::with_line_feeds(std::string(input));
     text = tesmo_sorvet::instruction_content("config.py", source);
-  } catch (const tesmo_sorvet::RegistryError& error) {
+  } catch (const registry_docs::InputError& error) {
     text = error.what();
     require(text.starts_with("config.py:"), "the file's name first", text);
   }

@@ -1,8 +1,7 @@
 // Any bytes are refused in due form, or are a registry that every block can be asked of.
 #include "fuzz/target.h"
+#include "registry/host.h"
 #include "support/temporary_directory.h"
-#include "tesmo_sorvet/host.h"
-#include "tesmo_sorvet/registry_error.h"
 
 namespace registry_docs::fuzz {
 
@@ -15,7 +14,7 @@ void run(std::string_view input) {
                       "<!-- /registry:rules-routes -->'''");
   std::string text;
   try {
-    const Host host = tesmo_sorvet::bind_host(directory.path(), registry);
+    const Host host = registry::bind_host(directory.path(), registry);
     for (const GeneratedFile& file : generated_files(host)) {
       for (const auto& [name, renderer] : file.blocks) {
         try {
@@ -27,7 +26,7 @@ void run(std::string_view input) {
         }
       }
     }
-  } catch (const tesmo_sorvet::RegistryError& error) {
+  } catch (const registry_docs::InputError& error) {
     text = error.what();
     require(text.starts_with(registry + ":"), "the file's name first", text);
   } catch (const DecodeError& error) {

@@ -9,14 +9,14 @@
 #include "gen_registry_docs/json_format.h"
 #include "gen_registry_docs/line_edits.h"
 #include "gen_registry_docs/unified_diff.h"
+#include "registry/host.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/report.h"
-#include "registry_docs/text/line_endings.h"
 #include "support/awkward_host.h"
 #include "support/temporary_directory.h"
 #include "support/text.h"
 #include "tesmo_sorvet/host.h"
-#include "tesmo_sorvet/registry_error.h"
+#include "text/line_endings.h"
 
 namespace registry_docs::fuzz {
 namespace {
@@ -71,7 +71,7 @@ void run(std::string_view input) try {
   support::write_file(root / tesmo_sorvet::registry_path, next_part(parts));
   support::write_file(root / "src/tesmo_sorvet/setup/config.py",
                       "TESMO_INSTRUCTION_CONTENT = '''" + next_part(parts) + "'''");
-  const Host host = tesmo_sorvet::bind_host(root);
+  const Host host = registry::bind_host(root);
   const auto files = generated_files(host);
   support::lay_out(host, root);
   std::vector<std::string> old_texts;
@@ -115,7 +115,7 @@ void run(std::string_view input) try {
   }
   require(stale_blocks(host, root).empty(), "a clean check", "");
   require(write_blocks(host, root).empty(), "nothing left to write", "");
-} catch (const tesmo_sorvet::RegistryError&) {
+} catch (const registry_docs::InputError&) {
   return;  // there is no host
 }
 

@@ -1,4 +1,4 @@
-// The failures that the generator raises. Every message begins with the thing it
+// The failures that the generator and its hosts raise. Every message begins with the thing it
 // concerns (a file's path, a tool's name) and a colon.
 #ifndef REGISTRY_DOCS_ERRORS_H
 #define REGISTRY_DOCS_ERRORS_H
@@ -59,6 +59,14 @@ class DecodeError : public std::runtime_error {
  private:
   std::string path_;
   std::size_t offset_;
+};
+
+// An input that cannot be used: a registry, a server's answer, the rules text. The message
+// begins with the input's name as it was given, then the place, then what was expected there
+// and what was found.
+class InputError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
 };
 
 }  // namespace registry_docs

@@ -30,6 +30,9 @@ std::string visible(std::string_view bytes);
 // "...". For messages that repeat what may be of any size.
 std::string excerpt(std::string_view text);
 
+// The excerpt between two quotes.
+std::string in_quotes(std::string_view text, char quote = '"');
+
 // The lines of a text, found from its beginning on, in one pass for all.
 class LineCounter {
  public:

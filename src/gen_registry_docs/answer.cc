@@ -71,8 +71,7 @@ bool write_whole(int file, std::string_view text) {
 
 }  // namespace
 
-std::string ask(const tesmo_sorvet::Server& server, const fs::path& root,
-                const Options& options) {
+std::string ask(const registry::Server& server, const fs::path& root, const Options& options) {
   mcp_client::Server asked{server.command, server.args, server.env,
                            (root / server.cwd.value_or("")).string()};
   mcp_client::Settings settings;

@@ -6,13 +6,13 @@
 #include <string>
 
 #include "gen_registry_docs/options.h"
-#include "tesmo_sorvet/server.h"
+#include "registry/server.h"
 
 namespace gen_registry_docs {
 
 // Asks a live server, from the root unless it names another directory. Warnings, and at a
 // terminal what is being waited for, go to standard error. Throws mcp_client::ServerError.
-std::string ask(const tesmo_sorvet::Server& server, const std::filesystem::path& root,
+std::string ask(const registry::Server& server, const std::filesystem::path& root,
                 const Options& options);
 
 // Writes an answer, which must be JSON, for people and version control to read: with line

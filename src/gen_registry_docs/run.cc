@@ -12,6 +12,7 @@
 #include "gen_registry_docs/list.h"
 #include "gen_registry_docs/next_steps.h"
 #include "gen_registry_docs/output.h"
+#include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
 #include "tesmo_sorvet/host.h"
@@ -27,11 +28,11 @@ fs::path find_root() {
   const fs::path start = fs::current_path(failure);
   if (failure) throw registry_docs::FileError("the current directory", failure);
   for (fs::path directory = start;; directory = directory.parent_path()) {
-    if (tesmo_sorvet::find_registry(directory)) return directory;
+    if (registry::find_registry(directory)) return directory;
     if (directory == directory.parent_path()) break;
   }
   throw UsageError(start.string() + ": expected " + tesmo_sorvet::registry_path + " or " +
-                   tesmo_sorvet::general_registry_path +
+                   registry::registry_path +
                    " here or in a directory above, found none; name the repository with "
                    "--root DIR");
 }
@@ -39,10 +40,10 @@ fs::path find_root() {
 // Binds the host, and writes its server's answer down if that was asked for.
 registry_docs::Host bind(const fs::path& root, const Options& options) {
   std::string answer;
-  tesmo_sorvet::Sources sources{.registry = options.registry, .tools = options.tools};
-  sources.ask = [&](const tesmo_sorvet::Server& server) { return ask(server, root, options); };
+  registry::Sources sources{.registry = options.registry, .tools = options.tools};
+  sources.ask = [&](const registry::Server& server) { return ask(server, root, options); };
   if (options.save_tools) sources.keep = [&answer](std::string_view json) { answer = json; };
-  registry_docs::Host host = tesmo_sorvet::bind_host(root, sources);
+  registry_docs::Host host = registry::bind_host(root, sources);
   if (!options.save_tools) return host;
   if (answer.empty()) {
     throw UsageError(

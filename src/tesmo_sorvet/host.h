@@ -1,45 +1,44 @@
-// The native host: the generator's inputs, bound from a repository and its registry file.
+// The first host: the generator's inputs as its registry document declares them.
 #ifndef TESMO_SORVET_HOST_H
 #define TESMO_SORVET_HOST_H
 
 #include <filesystem>
-#include <functional>
-#include <optional>
-#include <string>
-#include <string_view>
+#include <memory>
+#include <vector>
 
+#include "json/document.h"
+#include "json/node.h"
 #include "registry_docs/host.h"
-#include "tesmo_sorvet/server.h"
+#include "tesmo_sorvet/tool_registry.h"
+#include "tesmo_sorvet/tool_routes.h"
+#include "tesmo_sorvet/workers/api_endpoints.h"
 
 namespace tesmo_sorvet {
 
-// Where a repository may keep its registry file, relative to its root, in the order in which
-// they are looked for.
+// Where the first host keeps its registry, relative to the repository's root.
 inline constexpr const char* registry_path = "src/tesmo_sorvet/tool_registry.json";
-inline constexpr const char* general_registry_path = "registry-docs.json";
 
-// The registry file that the directory holds, if it does.
-std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory);
-
-// Where the declarations come from. "-" is standard input.
-struct Sources {
-  std::optional<std::string> registry = {};  // the repository's own when none is given
-  std::optional<std::string> tools = {};     // a saved answer to tools/list
-  // Returns the answer of the server that the registry declares, as JSON. Called when there is
-  // such a server and no saved answer. What it throws passes on.
-  std::function<std::string(const Server&)> ask = {};
-  // Sees the answer, if one is taken, before anything is made of it.
-  std::function<void(std::string_view json)> keep = {};
+// What a registry declares of its tools.
+struct Declarations {
+  std::vector<std::shared_ptr<const json::Document>> documents;  // that the rest borrows from
+  Tiers tiers;
+  Tools tools;
+  std::vector<Route> routes;
+  Frameworks frameworks;
 };
 
-// Binds the host from the registry file, the answer to tools/list where there is one, and, if
-// a file shall hold the rules block, the rules text of src/tesmo_sorvet/setup/config.py under
-// the root. The host owns all it holds. Throws RegistryError, FileError or DecodeError; the
-// message begins with the file's name, the registry's as it is given here.
-registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources);
+// The host that shares the declarations.
+registry_docs::Host host_of(const std::shared_ptr<const Declarations>& declared);
 
+// Adds the rules text of src/tesmo_sorvet/setup/config.py under the root, if a file shall hold
+// the rules block. Throws InputError, FileError or DecodeError.
+void add_rules_text(registry_docs::Host& host, const std::filesystem::path& root);
+
+// Binds the first host. It owns all it holds, the document too, of which it keeps the texts.
+// Throws InputError, FileError or DecodeError; the message begins with the name of the
+// document, or of the rules text's file.
 registry_docs::Host bind_host(const std::filesystem::path& root,
-                              const std::optional<std::string>& registry = {});
+                              const std::shared_ptr<json::Document>& document);
 
 }  // namespace tesmo_sorvet
 

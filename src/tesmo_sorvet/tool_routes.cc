@@ -31,11 +31,11 @@ std::string filled_in(std::string_view note, const registry_docs::Facts& facts) 
 
 }  // namespace
 
-std::vector<Route> routes(const Node& registry) {
+std::vector<Route> routes(const json::Node& registry) {
   std::vector<Route> found;
   const auto declared = registry.find("routes");
   if (!declared) return found;
-  declared->for_each_element([&](const Node& route) {
+  declared->for_each_element([&](const json::Node& route) {
     const auto note = route.find("note");
     const auto rules = route.find("rules");
     found.push_back({.need = route.at("need").string(),

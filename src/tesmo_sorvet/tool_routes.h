@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "json/node.h"
 #include "registry_docs/host.h"
-#include "tesmo_sorvet/document/node.h"
 
 namespace tesmo_sorvet {
 
@@ -19,7 +19,7 @@ struct Route {
 };
 
 // The routes in order. They borrow from the document.
-std::vector<Route> routes(const Node& registry);
+std::vector<Route> routes(const json::Node& registry);
 
 // The columns Need and Call of the routes that the rules list. No line feed at the end.
 std::string rules_table(const std::vector<Route>& routes);

@@ -82,7 +82,7 @@ class Schema(unittest.TestCase):
                 self.assertFalse(self.agree(registry))
 
     def test_input_schemas(self):
-        members, *rows = (CASES / "json_schemas.txt").read_text().splitlines()
+        members, *rows = (CASES.parent / "json_schema/json_schemas.txt").read_text().splitlines()
         for row in rows:
             with self.subTest(row):
                 tool = members.replace("SCHEMA", row.split(" => ")[0])

@@ -4,12 +4,12 @@
 #include <iostream>
 #include <string_view>
 
+#include "registry/host.h"
 #include "registry_docs/registry_docs.h"
-#include "tesmo_sorvet/host.h"
 
 int main(int argc, char** argv) try {
   const std::string_view wanted = argc == 4 ? argv[3] : "";
-  const registry_docs::Host host = tesmo_sorvet::bind_host(argv[1], argv[2]);
+  const registry_docs::Host host = registry::bind_host(argv[1], argv[2]);
   if (wanted == "rules-text") std::cout << host.TESMO_INSTRUCTION_CONTENT;
   for (const auto& file : generated_files(host)) {
     for (const auto& [name, renderer] : file.blocks) {

@@ -2,11 +2,11 @@
 
 #include <cstdlib>
 
+#include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "support/awkward_host.h"
 #include "support/temporary_directory.h"
 #include "support/text.h"
-#include "tesmo_sorvet/host.h"
 
 namespace registry_docs {
 namespace {
@@ -32,7 +32,7 @@ TEST(Renderers, MakeTheBlocksThatWereRead) {
   const std::string root = TESTS_DIRECTORY "/tesmo_sorvet/accepted/";
   expect_golden(support::awkward_host(), "renderers/golden/awkward/");
   expect_golden(support::empty_host(), "renderers/golden/empty/");
-  expect_golden(tesmo_sorvet::bind_host(root, root + "tool_registry.json"),
+  expect_golden(registry::bind_host(root, root + "tool_registry.json"),
                 "tesmo_sorvet/golden/");
 }
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "registry/host.h"
+#include "registry_docs/errors.h"
 #include "support/temporary_directory.h"
 #include "support/text.h"
-#include "tesmo_sorvet/host.h"
-#include "tesmo_sorvet/registry_error.h"
 #include "tesmo_sorvet/setup/config.h"
 
 namespace tesmo_sorvet {
@@ -17,8 +17,8 @@ class Registry : public ::testing::Test {
  protected:
   std::string message_for(const std::string& registry) {
     support::write_file(file, registry);
-    return message_of<RegistryError>(
-        [this] { bind_host(TESTS_DIRECTORY "/tesmo_sorvet/accepted", file); });
+    return message_of<registry_docs::InputError>(
+        [this] { registry::bind_host(TESTS_DIRECTORY "/tesmo_sorvet/accepted", file); });
   }
 
   support::TemporaryDirectory directory;
@@ -55,9 +55,9 @@ TEST(RulesText, IsRefusedWithTheLineAndWhatIsWrongThere) {
   for (const auto& [name, text, message] :
        read_cases("tesmo_sorvet/refused_rules_texts.txt")) {
     SCOPED_TRACE(name);
-    EXPECT_EQ(
-        message_of<RegistryError>([&text = text] { instruction_content("config.py", text); }),
-        "config.py" + message);
+    EXPECT_EQ(message_of<registry_docs::InputError>(
+                  [&text = text] { instruction_content("config.py", text); }),
+              "config.py" + message);
   }
 }
 

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "registry_docs/markers.h"
-#include "registry_docs/text/code_point.h"
+#include "text/code_point.h"
 
 namespace registry_docs {
 namespace {

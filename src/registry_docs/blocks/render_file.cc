@@ -4,7 +4,7 @@
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
 #include "registry_docs/registry_docs.h"
-#include "registry_docs/text/join.h"
+#include "text/join.h"
 
 namespace registry_docs {
 namespace {

@@ -6,13 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "registry_docs/value.h"
-
 namespace registry_docs::markdown {
 
 void append_code(std::string& to, std::string_view text);
 void append_cell(std::string& to, std::string_view text);
-void append_value(std::string& to, const Value& value);
 
 // Makes what stands in `text` from `begin` on safe for one cell.
 void make_cell(std::string& text, std::size_t begin);

@@ -5,7 +5,7 @@
 #include "registry_docs/markdown.h"
 #include "registry_docs/markdown/append.h"
 #include "registry_docs/text.h"
-#include "registry_docs/text/white_space.h"
+#include "text/white_space.h"
 
 namespace registry_docs::markdown {
 namespace {

@@ -4,8 +4,8 @@
 #include "registry_docs/markdown/append.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
-#include "registry_docs/text/code_point.h"
-#include "registry_docs/text/join.h"
+#include "text/code_point.h"
+#include "text/join.h"
 
 namespace registry_docs {
 namespace {

@@ -7,12 +7,13 @@
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
 #include "registry_docs/text.h"
-#include "registry_docs/text/join.h"
+#include "text/join.h"
+#include "text/value.h"
 
 namespace registry_docs {
 namespace {
 
-using markdown::append_value;
+using text::append_value;
 
 template <typename T>
 const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const char* key) {

@@ -1,7 +1,7 @@
 #include "registry_docs/markdown.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/renderers/tools.h"
-#include "registry_docs/text/join.h"
+#include "text/join.h"
 
 namespace registry_docs {
 

@@ -5,7 +5,7 @@
 
 #include "registry_docs/markdown/append.h"
 #include "registry_docs/registry_docs.h"
-#include "registry_docs/text/join.h"
+#include "text/join.h"
 
 namespace registry_docs {
 namespace renderers {

@@ -6,7 +6,7 @@
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/repository/problem.h"
 #include "registry_docs/text.h"
-#include "registry_docs/text/join.h"
+#include "text/join.h"
 
 namespace registry_docs {
 namespace {

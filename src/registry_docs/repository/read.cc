@@ -3,7 +3,7 @@
 #include "registry_docs/repository/descriptor.h"
 #include "registry_docs/repository/file.h"
 #include "registry_docs/text.h"
-#include "registry_docs/text/line_endings.h"
+#include "text/line_endings.h"
 
 namespace registry_docs {
 namespace repository {

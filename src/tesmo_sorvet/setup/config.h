@@ -9,7 +9,7 @@ namespace tesmo_sorvet {
 
 // The value of the plain string literal that the Python source `text` assigns to
 // TESMO_INSTRUCTION_CONTENT at the start of a line, its escapes read. `text` has line
-// feeds as line endings; `path` is what messages call it. Throws RegistryError, with the
+// feeds as line endings; `path` is what messages call it. Throws InputError, with the
 // line, for anything else in the literal's place and for a second assignment.
 std::string instruction_content(const std::string& path, std::string_view text);
 

@@ -6,9 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "registry_docs/errors.h"
 #include "registry_docs/text.h"
-#include "tesmo_sorvet/excerpt.h"
-#include "tesmo_sorvet/registry_error.h"
 
 namespace tesmo_sorvet {
 namespace {
@@ -131,13 +130,14 @@ void Source::skip_to_next(char c) {
 void Source::refuse(const std::string& expected) const {
   if (at_end()) refuse(expected, "the end of the file");
   const std::string_view line = rest().substr(0, rest().find('\n'));
-  refuse(expected, line.empty() ? "the end of the line" : in_quotes(line, '\''));
+  refuse(expected,
+         line.empty() ? "the end of the line" : registry_docs::in_quotes(line, '\''));
 }
 
 void Source::refuse(const std::string& expected, const std::string& found) const {
   const auto line = std::ranges::count(text_.substr(0, at_), '\n') + 1;
-  throw RegistryError(*path_ + ":" + std::to_string(line) + ": expected " + expected +
-                      ", found " + found);
+  throw registry_docs::InputError(*path_ + ":" + std::to_string(line) + ": expected " +
+                                  expected + ", found " + found);
 }
 
 std::string read_string_literal(Source& source) {

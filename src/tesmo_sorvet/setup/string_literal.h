@@ -23,7 +23,7 @@ class Source {
   // To the next `c` behind the current byte, or to the end.
   void skip_to_next(char c);
 
-  // Throws RegistryError: "PATH:LINE: expected EXPECTED, found ...".
+  // Throws InputError: "PATH:LINE: expected EXPECTED, found ...".
   [[noreturn]] void refuse(const std::string& expected) const;
   [[noreturn]] void refuse(const std::string& expected, const std::string& found) const;
 

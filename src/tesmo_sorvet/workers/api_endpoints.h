@@ -6,13 +6,13 @@
 #include <utility>
 #include <vector>
 
-#include "tesmo_sorvet/document/node.h"
+#include "json/node.h"
 
 namespace tesmo_sorvet {
 
 // Key and name of each framework, in the order of the registry file.
 using Frameworks = std::vector<std::pair<std::string, std::string>>;
-Frameworks endpoint_frameworks(const Node& registry);
+Frameworks endpoint_frameworks(const json::Node& registry);
 
 }  // namespace tesmo_sorvet
 

@@ -1,0 +1,22 @@
+// The parameters that a JSON Schema describes.
+#ifndef REGISTRY_INPUTS_H
+#define REGISTRY_INPUTS_H
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "json/node.h"
+#include "tesmo_sorvet/inputs.h"
+
+namespace registry {
+
+// From an input schema, whose every word is put into those of the parameter tables. A refusal
+// names the tool. Borrows from the document, and from `texts`, which the texts that no
+// document holds join.
+tesmo_sorvet::Inputs described_inputs(const json::Node& declared, std::string_view tool,
+                                      std::deque<std::string>& texts);
+
+}  // namespace registry
+
+#endif  // REGISTRY_INPUTS_H
