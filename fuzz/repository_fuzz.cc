@@ -4,11 +4,11 @@
 #include <algorithm>
 
 #include "fuzz/target.h"
-#include "gen_registry_docs/advice.h"
-#include "gen_registry_docs/github_format.h"
-#include "gen_registry_docs/json_format.h"
-#include "gen_registry_docs/line_edits.h"
-#include "gen_registry_docs/unified_diff.h"
+#include "gen_registry_docs/advice/advice.h"
+#include "gen_registry_docs/diff/line_edits.h"
+#include "gen_registry_docs/diff/unified_diff.h"
+#include "gen_registry_docs/formats/github.h"
+#include "gen_registry_docs/formats/json.h"
 #include "registry/host.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/report.h"
@@ -23,12 +23,12 @@ namespace {
 
 // What a diff makes of a text, of which it must say the truth.
 std::string patched(std::string_view text, const std::string& diff) {
-  const std::vector<std::string_view> lines = gen_registry_docs::lines_of(text);
+  const std::vector<std::string_view> lines = gen_registry_docs::diff::lines_of(text);
   std::string result;
   std::size_t at = 0;
   bool is_new = false;  // the line before
   const auto rest = std::string_view(diff).substr(diff.find("@@"));
-  for (const std::string_view line : gen_registry_docs::lines_of(rest)) {
+  for (const std::string_view line : gen_registry_docs::diff::lines_of(rest)) {
     std::size_t first = 0;
     std::size_t count = 0;
     if (std::sscanf(line.data(), "@@ -%zu,%zu ", &first, &count) == 2) {
@@ -52,13 +52,15 @@ std::string patched(std::string_view text, const std::string& diff) {
 void require_truth(const FileReport& file, const std::string& bytes,
                    const GeneratedFile& generated) {
   using namespace gen_registry_docs;
-  static_cast<void>(github_report({&file, 1}, ".", "."));
-  static_cast<void>(json_report({&file, 1}, {}));
-  require(file.state != FileState::wrong_markers || !advice(file).empty(), "advice",
+  const std::vector<advice::Steps> steps = {advice::steps(file)};
+  static_cast<void>(formats::github_report({&file, 1}, steps, ".", "."));
+  static_cast<void>(formats::json_report({&file, 1}, {}));
+  require(file.state != FileState::wrong_markers || !steps.front().empty(), "advice",
           file.problem);
   if (file.state != FileState::stale) return;
-  const std::string diff = unified_diff(file, bytes, Colors::none);
-  require(patched(bytes, diff) == render_file(file.text, generated), "the new text", diff);
+  const std::string changes = diff::unified_diff(file, bytes, diff::Colors::none);
+  require(patched(bytes, changes) == render_file(file.text, generated), "the new text",
+          changes);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace registry_docs {
@@ -22,6 +23,15 @@ struct Marker {
 // The first marker that begins at or after the byte `from`, whether or not it has a
 // partner or ends its line.
 std::optional<Marker> find_marker(std::string_view text, std::size_t from);
+
+// The first comment at or after the byte `from` that is no marker but was surely meant as one,
+// with blanks amiss or none; comments of over 500 bytes are passed over. `name` is what it
+// names, of whatever characters.
+std::optional<Marker> find_careless_marker(std::string_view text, std::size_t from);
+
+// A block's markers as a person is to write them.
+std::string opening_marker(std::string_view name);
+std::string closing_marker(std::string_view name);
 
 }  // namespace registry_docs
 

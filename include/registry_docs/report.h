@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,18 +54,28 @@ struct FileReport {
 // The blocks of a text with their places, as current.
 std::vector<BlockReport> blocks_of(std::string_view text);
 
-// One report for each generated file under `root`, in table order. Writes nothing. A file is
-// current, and has the problem line, exactly as stale_blocks says. Throws what stale_blocks
-// throws.
-std::vector<FileReport> report(const Host& host, const std::filesystem::path& root);
+// What a report tells of a current file: all, or no more than that it is current and its text.
+enum class Detail { problems, everything };
 
-// Looks at the text of a file before a write replaces it, and throws to keep it.
-using Guard = std::function<void(const GeneratedFile&, std::string_view text)>;
+// What stands in one generated file under `root`, and what would be rendered there. It is the
+// one source of all that is said of a file and written to it. Writes nothing. Throws what
+// stale_blocks throws.
+FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
+                       Detail detail = Detail::everything);
 
-// As write_blocks. The guard sees every file whose text would change before any is written;
-// what it throws passes on.
-std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root,
-                                      const Guard& guard);
+// The same for each generated file, in table order. `problem` is the line of stale_blocks.
+std::vector<FileReport> report(const Host& host, const std::filesystem::path& root,
+                               Detail detail = Detail::everything);
+
+// The text that a write would write: the file's own, with the rendered bodies of stale blocks.
+std::string new_text(const FileReport& file);
+
+// Makes the files what they were reported to become, each of which is current or stale: those
+// whose text differs now are rewritten, in place and with line feeds as line endings. Returns
+// their paths in order. Throws FileError for a file that cannot be written: that file holds
+// its old text and the files before it their new one.
+std::vector<std::string> write_files(std::span<const FileReport> files,
+                                     const std::filesystem::path& root);
 
 }  // namespace registry_docs
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "gen_registry_docs/nearest.h"
+#include "text/nearest.h"
 
 namespace gen_registry_docs {
 namespace {
@@ -136,7 +136,7 @@ std::string_view meant_option(std::string_view argument) {
   std::ranges::for_each(actions, add);
   std::ranges::for_each(flags, add);
   std::ranges::for_each(values, add);
-  return nearest(argument.substr(0, argument.find('=')), names);
+  return text::nearest(argument.substr(0, argument.find('=')), names);
 }
 
 // What is wrong with an argument that is none of the options.

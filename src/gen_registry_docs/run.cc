@@ -4,14 +4,13 @@
 #include <filesystem>
 #include <vector>
 
-#include "gen_registry_docs/advice.h"
 #include "gen_registry_docs/answer.h"
 #include "gen_registry_docs/check.h"
+#include "gen_registry_docs/formats/list.h"
 #include "gen_registry_docs/heap.h"
 #include "gen_registry_docs/help.h"
-#include "gen_registry_docs/list.h"
-#include "gen_registry_docs/next_steps.h"
 #include "gen_registry_docs/output.h"
+#include "gen_registry_docs/write.h"
 #include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
@@ -53,22 +52,8 @@ registry_docs::Host bind(const fs::path& root, const Options& options) {
   return host;
 }
 
-int write(const registry_docs::Host& host, const fs::path& root, const Options& options,
-          std::string_view program) {
-  try {
-    const std::vector<std::string> written =
-        registry_docs::write_blocks(host, root, refuse_conflict);
-    if (!options.quiet) print_lines(written);
-    return options.exit_code && !written.empty() ? 1 : 0;
-  } catch (const registry_docs::ValueError& error) {
-    print_error(error.what());
-    if (!options.quiet) print_next_steps(host, root, options, program, error.what());
-    return 1;
-  }
-}
-
 int list(const registry_docs::Host& host, const fs::path& root) {
-  print(block_list(registry_docs::report(host, root)));
+  print(formats::block_list(registry_docs::report(host, root)));
   return 0;
 }
 

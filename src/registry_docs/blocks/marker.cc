@@ -1,6 +1,7 @@
 #include <array>
 
 #include "registry_docs/markers.h"
+#include "registry_docs/text.h"
 #include "text/code_point.h"
 
 namespace registry_docs {
@@ -9,6 +10,11 @@ namespace {
 constexpr std::string_view comment_open = "<!-- ";
 constexpr std::string_view comment_close = " -->";
 constexpr std::string_view keyword = "registry:";
+
+std::string marker_of(std::string_view slash, std::string_view name) {
+  std::string marker(comment_open);
+  return marker.append(slash).append(keyword).append(name).append(comment_close);
+}
 
 // The offset of the next "<!-- " that begins at or after `from`, or npos. Looks for the
 // "!", since it is rarer than "<" in nearly every text: 0.13 of the time over HTML.
@@ -65,7 +71,46 @@ std::optional<Marker> marker_at(std::string_view text, std::size_t begin) {
                 .end = at + comment_close.size()};
 }
 
+// Takes a text, and the white space behind it, from the beginning of another, if it is there.
+bool take(std::string_view& from, std::string_view text) {
+  if (!from.starts_with(text)) return false;
+  from = strip(from.substr(text.size()));
+  return true;
+}
+
+// The careless marker that a comment is, whose "<!--" stands at `begin` and "-->" at `end`.
+std::optional<Marker> careless_marker(std::string_view text, std::size_t begin,
+                                      std::size_t end) {
+  const std::size_t open = strip(comment_open).size();
+  const std::size_t close = strip(comment_close).size();
+  if (find_marker(text.substr(begin, end + close - begin), 0)) return std::nullopt;
+  std::string_view inside = strip(text.substr(begin + open, end - begin - open));
+  const bool is_closing = take(inside, "/");
+  const std::string_view word = keyword.substr(0, keyword.size() - 1);
+  if (!take(inside, word) || !take(inside, ":") || inside.empty()) return std::nullopt;
+  return Marker{.kind = is_closing ? Marker::Kind::closing : Marker::Kind::opening,
+                .name = inside,
+                .begin = begin,
+                .end = end + close};
+}
+
 }  // namespace
+
+std::string opening_marker(std::string_view name) { return marker_of("", name); }
+
+std::string closing_marker(std::string_view name) { return marker_of("/", name); }
+
+std::optional<Marker> find_careless_marker(std::string_view text, std::size_t from) {
+  constexpr std::size_t longest = 500;  // so that a text full of openings takes no longer
+  const std::string_view open = strip(comment_open);
+  for (std::size_t at = text.find(open, from); at != std::string_view::npos;
+       at = text.find(open, at + 1)) {
+    const std::size_t size = text.substr(at, longest).find(strip(comment_close));
+    if (size == std::string_view::npos || size < open.size()) continue;
+    if (auto found = careless_marker(text, at, at + size)) return found;
+  }
+  return std::nullopt;
+}
 
 std::optional<Marker> find_marker(std::string_view text, std::size_t from) {
   for (std::size_t at = find_comment(text, from); at != std::string_view::npos;

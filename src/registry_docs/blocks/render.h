@@ -42,13 +42,14 @@ std::optional<std::string> with_bodies(std::string_view text, std::span<const Bl
   return result;
 }
 
-// The renderer of each block that `scan` found in a text, in their order. Throws ValueError
-// unless they are exactly the declared ones, each once.
-std::vector<const Renderer*> renderers_of(const std::vector<Block>& matches,
-                                          const GeneratedFile& generated);
+// The renderer of each block that `scan` found in a text, in their order; nothing unless they
+// are exactly the declared ones, each once.
+using Renderers = std::vector<const Renderer*>;
+std::optional<Renderers> renderers_of(std::span<const Block> found,
+                                      const GeneratedFile& generated);
 
-// As render_file; nothing when the text is current.
-std::optional<std::string> changed_file(std::string_view text, const GeneratedFile& generated);
+// What is wrong with the blocks of a text that are not exactly the declared ones.
+std::string marker_problem(std::span<const Block> found, const GeneratedFile& generated);
 
 }  // namespace registry_docs::blocks
 

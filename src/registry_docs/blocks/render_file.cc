@@ -48,51 +48,47 @@ std::string bracketed(const Names& names) {
          "]";
 }
 
-ValueError marker_error(const std::vector<blocks::Block>& matches,
-                        const GeneratedFile& generated) {
-  Names expected;
-  for (const auto& [name, renderer] : generated.blocks) expected.emplace_back(name);
-  Names found;
-  for (const blocks::Block& match : matches) found.push_back(match.name);
-  expected = sorted(std::move(expected));
-  found = sorted(std::move(found));
-  return ValueError(
-      generated.path + ": the markers do not match the blocks it holds (missing " +
-      bracketed(lacking(expected, found)) + ", unknown " +
-      bracketed(lacking(found, expected)) + ", repeated " + bracketed(repeated(found)) + ")");
-}
-
 }  // namespace
 
-std::vector<const Renderer*> blocks::renderers_of(const std::vector<Block>& matches,
-                                                  const GeneratedFile& generated) {
+std::string blocks::marker_problem(std::span<const Block> found,
+                                   const GeneratedFile& generated) {
+  Names expected;
+  for (const auto& [name, renderer] : generated.blocks) expected.emplace_back(name);
+  Names present;
+  for (const Block& block : found) present.push_back(block.name);
+  expected = sorted(std::move(expected));
+  present = sorted(std::move(present));
+  return generated.path + ": the markers do not match the blocks it holds (missing " +
+         bracketed(lacking(expected, present)) + ", unknown " +
+         bracketed(lacking(present, expected)) + ", repeated " + bracketed(repeated(present)) +
+         ")";
+}
+
+std::optional<blocks::Renderers> blocks::renderers_of(std::span<const Block> found,
+                                                      const GeneratedFile& generated) {
   std::unordered_map<std::string_view, const Renderer*> not_found_yet;
   not_found_yet.reserve(generated.blocks.size());
   for (const auto& [name, renderer] : generated.blocks) not_found_yet.emplace(name, &renderer);
-  std::vector<const Renderer*> renderers;
-  renderers.reserve(matches.size());
-  for (const Block& match : matches) {
-    const auto found = not_found_yet.find(match.name);
-    if (found == not_found_yet.end()) throw marker_error(matches, generated);
-    renderers.push_back(found->second);
-    not_found_yet.erase(found);
+  Renderers renderers;
+  renderers.reserve(found.size());
+  for (const Block& block : found) {
+    const auto next = not_found_yet.find(block.name);
+    if (next == not_found_yet.end()) return std::nullopt;
+    renderers.push_back(next->second);
+    not_found_yet.erase(next);
   }
   // A name that is declared twice can never be found twice.
-  if (renderers.size() != generated.blocks.size()) throw marker_error(matches, generated);
+  if (renderers.size() != generated.blocks.size()) return std::nullopt;
   return renderers;
 }
 
-std::optional<std::string> blocks::changed_file(std::string_view text,
-                                                const GeneratedFile& generated) {
-  const std::vector<Block> matches = scan(text);
-  const std::vector<const Renderer*> renderers = renderers_of(matches, generated);
-  auto next = renderers.begin();
-  return with_bodies(text, matches,
-                     [&](const Block&) { return generated.encode((**next++)()); });
-}
-
 std::string render_file(std::string_view text, const GeneratedFile& generated) {
-  auto changed = blocks::changed_file(text, generated);
+  const std::vector<blocks::Block> found = blocks::scan(text);
+  const auto renderers = blocks::renderers_of(found, generated);
+  if (!renderers) throw ValueError(blocks::marker_problem(found, generated));
+  auto next = renderers->begin();
+  auto changed = blocks::with_bodies(
+      text, found, [&](const blocks::Block&) { return generated.encode((**next++)()); });
   return changed ? *std::move(changed) : std::string(text);
 }
 

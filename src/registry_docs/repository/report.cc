@@ -2,22 +2,72 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
-#include "registry_docs/repository/problem.h"
 #include "registry_docs/text.h"
+#include "text/join.h"
 
 namespace registry_docs {
 namespace {
 
 using Matches = std::vector<blocks::Block>;
 
+// A renderer for each block; none for one that is not as declared.
+blocks::Renderers renderers_where_declared(const Matches& matches,
+                                           const GeneratedFile& generated) {
+  std::unordered_map<std::string_view, std::size_t> counts;
+  for (const blocks::Block& match : matches) ++counts[match.name];
+  std::unordered_map<std::string_view, const Renderer*> declared;
+  for (const auto& [name, renderer] : generated.blocks) declared.emplace(name, &renderer);
+  blocks::Renderers renderers;
+  for (const blocks::Block& match : matches) {
+    const auto found = declared.find(match.name);
+    const bool is_as_declared = found != declared.end() && counts.at(match.name) == 1;
+    renderers.push_back(is_as_declared ? found->second : nullptr);
+  }
+  return renderers;
+}
+
+// A block that is as declared and yet not current.
+struct Difference {
+  std::size_t block;  // its place among the blocks of the text
+  BlockState state;
+  std::string rendered = {};
+};
+
+// Renders each block. The failure of the first that fails is the file's problem, if it has
+// none yet; after a first problem no other failure counts.
+std::vector<Difference> differences_of(const Matches& matches,
+                                       const blocks::Renderers& renderers,
+                                       const GeneratedFile& generated, FileReport& report) {
+  std::vector<Difference> found;
+  for (std::size_t i = 0; i < matches.size(); ++i) {
+    if (renderers[i] == nullptr) continue;
+    try {
+      std::string body = generated.encode((*renderers[i])());
+      if (blocks::has_body(matches[i], body)) continue;
+      found.push_back({i, BlockState::stale, std::move(body) + "\n"});
+    } catch (const ValueError& error) {
+      found.push_back({i, BlockState::failed});
+      if (report.state != FileState::current) continue;
+      report.state = FileState::failed;
+      report.problem = error.what();
+    } catch (const std::exception&) {
+      if (report.state == FileState::current) throw;
+      found.push_back({i, BlockState::failed});
+    }
+  }
+  return found;
+}
+
 // Each block of the text with its place, as current.
 std::vector<BlockReport> reports_of(std::string_view text, const Matches& matches) {
   std::vector<BlockReport> reports;
+  reports.reserve(matches.size());
   LineCounter lines(text);
   for (const blocks::Block& match : matches) {
     BlockReport& report = reports.emplace_back();
@@ -31,14 +81,14 @@ std::vector<BlockReport> reports_of(std::string_view text, const Matches& matche
 }
 
 // Says which blocks are not as declared.
-void report_markers(FileReport& report, const GeneratedFile& generated) {
-  std::unordered_map<std::string_view, std::size_t> counts;
-  for (const BlockReport& block : report.blocks) ++counts[block.name];
+void mark_undeclared(FileReport& report, const blocks::Renderers& renderers,
+                     const GeneratedFile& generated) {
   std::unordered_set<std::string_view> declared;
   for (const auto& [name, renderer] : generated.blocks) declared.insert(name);
-  for (BlockReport& block : report.blocks) {
-    if (counts.at(block.name) > 1) block.state = BlockState::repeated;
-    if (!declared.contains(block.name)) block.state = BlockState::unknown;
+  for (std::size_t i = 0; i < renderers.size(); ++i) {
+    if (renderers[i] != nullptr) continue;
+    BlockReport& block = report.blocks[i];
+    block.state = declared.contains(block.name) ? BlockState::repeated : BlockState::unknown;
   }
 }
 
@@ -64,72 +114,32 @@ std::vector<BlockReport> missing_blocks(const FileReport& report,
   return missing;
 }
 
-void report_body(BlockReport& report, const blocks::Block& match, std::string body) {
-  if (blocks::has_body(match, body)) return;
-  report.state = BlockState::stale;
-  report.rendered = std::move(body) + "\n";
-}
-
-// Says which of the blocks that are as declared differ from what their renderers make. The
-// failure of the first that fails is the file's problem, if it has none yet; those that follow
-// the check never comes to.
-void report_bodies(FileReport& report, const Matches& matches,
-                   const GeneratedFile& generated) {
-  std::unordered_map<std::string_view, const Renderer*> renderers;
-  for (const auto& [name, renderer] : generated.blocks) renderers.emplace(name, &renderer);
-  for (std::size_t i = 0; i < matches.size(); ++i) {
-    BlockReport& block = report.blocks[i];
-    if (block.state != BlockState::current) continue;
-    try {
-      report_body(block, matches[i], generated.encode((*renderers.at(block.name))()));
-    } catch (const ValueError& error) {
-      block.state = BlockState::failed;
-      if (report.state == FileState::current) {
-        report.state = FileState::failed;
-        report.problem = error.what();
-      }
-    } catch (const std::exception&) {
-      if (report.state == FileState::current) throw;
-      block.state = BlockState::failed;
-    }
-  }
-}
-
-// The text that a write would write; `report` says which blocks are stale.
-std::string rendered_text(const FileReport& report, const Matches& matches) {
-  auto block = report.blocks.begin();
-  const auto body = [&block](const blocks::Block& match) {
-    const BlockReport& each = *block++;
-    const bool is_stale = each.state == BlockState::stale;
-    const std::string_view whole = is_stale ? std::string_view(each.rendered) : match.body;
-    return std::string(whole.substr(0, whole.size() - 1));  // without its line feed
-  };
-  return blocks::with_bodies(report.text, matches, body).value_or(report.text);
-}
-
-FileReport report_of(const GeneratedFile& generated, std::string text) {
-  FileReport report{.path = generated.path, .text = std::move(text)};
-  const Matches matches = blocks::scan(report.text);
+void describe_blocks(FileReport& report, const Matches& matches,
+                     const blocks::Renderers& renderers, std::vector<Difference> differences,
+                     const GeneratedFile& generated) {
   report.blocks = reports_of(report.text, matches);
-  report_markers(report, generated);
+  mark_undeclared(report, renderers, generated);
+  for (Difference& each : differences) {
+    report.blocks[each.block].state = each.state;
+    report.blocks[each.block].rendered = std::move(each.rendered);
+  }
   std::ranges::move(missing_blocks(report, generated), std::back_inserter(report.blocks));
   for (const auto& [name, renderer] : generated.blocks) report.declared.push_back(name);
-  try {
-    blocks::renderers_of(matches, generated);
-  } catch (const ValueError& error) {
-    report.state = FileState::wrong_markers;
-    report.problem = error.what();
+}
+
+// The problem line of a stale file. A rendered text may hold markers itself, so that both
+// texts are searched for blocks.
+std::string stale_line(const FileReport& report) {
+  const std::string text = new_text(report);
+  const auto rendered = blocks::blocks(text);
+  const std::unordered_map<std::string_view, std::string_view> bodies(rendered.begin(),
+                                                                      rendered.end());
+  std::vector<std::string_view> stale;
+  for (const auto& [name, body] : blocks::blocks(report.text)) {
+    const auto found = bodies.find(name);
+    if (found == bodies.end() || found->second != body) stale.push_back(name);
   }
-  report_bodies(report, matches, generated);
-  const bool is_stale = std::ranges::any_of(report.blocks, [](const BlockReport& block) {
-    return block.state == BlockState::stale;
-  });
-  if (report.state == FileState::current && is_stale) {
-    report.state = FileState::stale;
-    report.problem =
-        repository::stale_line(generated, report.text, rendered_text(report, matches));
-  }
-  return report;
+  return report.path + ": blocks out of date: " + text::join(stale, ", ");
 }
 
 }  // namespace
@@ -138,12 +148,42 @@ std::vector<BlockReport> blocks_of(std::string_view text) {
   return reports_of(text, blocks::scan(text));
 }
 
-std::vector<FileReport> report(const Host& host, const std::filesystem::path& root) {
+FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
+                       Detail detail) {
+  FileReport report{.path = generated.path, .text = read_text(root / generated.path)};
+  const Matches matches = blocks::scan(report.text);
+  auto renderers = blocks::renderers_of(matches, generated);
+  if (!renderers) {
+    report.state = FileState::wrong_markers;
+    report.problem = blocks::marker_problem(matches, generated);
+    renderers = renderers_where_declared(matches, generated);
+  }
+  auto differences = differences_of(matches, *renderers, generated, report);
+  const bool is_current = report.state == FileState::current && differences.empty();
+  if (is_current && detail == Detail::problems) return report;
+  describe_blocks(report, matches, *renderers, std::move(differences), generated);
+  if (report.state == FileState::current && !is_current) {
+    report.state = FileState::stale;
+    report.problem = stale_line(report);
+  }
+  return report;
+}
+
+std::vector<FileReport> report(const Host& host, const std::filesystem::path& root,
+                               Detail detail) {
   std::vector<FileReport> reports;
   for (const GeneratedFile& generated : generated_files(host)) {
-    reports.push_back(report_of(generated, read_text(root / generated.path)));
+    reports.push_back(report_file(generated, root, detail));
   }
   return reports;
+}
+
+std::vector<std::string> stale_blocks(const Host& host, const std::filesystem::path& root) {
+  std::vector<std::string> lines;
+  for (FileReport& file : report(host, root, Detail::problems)) {
+    if (file.state != FileState::current) lines.push_back(std::move(file.problem));
+  }
+  return lines;
 }
 
 }  // namespace registry_docs

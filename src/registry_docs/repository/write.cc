@@ -1,4 +1,3 @@
-#include "registry_docs/blocks/render.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
 #include "registry_docs/repository/file.h"
@@ -6,30 +5,42 @@
 
 namespace registry_docs {
 
-std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root) {
-  return write_blocks(host, root, [](const GeneratedFile&, std::string_view) {});
+std::string new_text(const FileReport& file) {
+  std::string text;
+  std::size_t copied = 0;
+  for (const BlockReport& block : file.blocks) {
+    if (block.state != BlockState::stale) continue;
+    text.append(file.text, copied, block.begin - copied);
+    text += block.rendered;
+    copied = block.end;
+  }
+  return text.append(file.text, copied);
 }
 
-std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root,
-                                      const Guard& guard) {
-  const std::vector<GeneratedFile> files = generated_files(host);
-  std::vector<std::string> rendered;
-  rendered.reserve(files.size());
-  for (const GeneratedFile& generated : files) {
-    std::string text = read_text(root / generated.path);
-    auto changed = blocks::changed_file(text, generated);
-    if (changed) guard(generated, text);
-    rendered.push_back(changed ? *std::move(changed) : std::move(text));
-  }
+std::vector<std::string> write_files(std::span<const FileReport> files,
+                                     const std::filesystem::path& root) {
   std::vector<std::string> written;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const std::filesystem::path path = root / files[i].path;
+  for (const FileReport& file : files) {
+    const std::filesystem::path path = root / file.path;
+    const std::string text = new_text(file);
     const std::string old_bytes = repository::read_regular_file(path);
-    if (repository::decoded(path, old_bytes) == rendered[i]) continue;
-    repository::rewrite(path, old_bytes, rendered[i]);
-    written.push_back(files[i].path);
+    if (repository::decoded(path, old_bytes) == text) continue;
+    repository::rewrite(path, old_bytes, text);
+    written.push_back(file.path);
   }
   return written;
+}
+
+std::vector<std::string> write_blocks(const Host& host, const std::filesystem::path& root) {
+  std::vector<FileReport> files;
+  for (const GeneratedFile& generated : generated_files(host)) {
+    const FileReport& file =
+        files.emplace_back(report_file(generated, root, Detail::problems));
+    const bool is_writable =
+        file.state == FileState::current || file.state == FileState::stale;
+    if (!is_writable) throw ValueError(file.problem);
+  }
+  return write_files(files, root);
 }
 
 }  // namespace registry_docs

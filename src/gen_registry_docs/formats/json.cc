@@ -1,4 +1,4 @@
-#include "gen_registry_docs/json_format.h"
+#include "gen_registry_docs/formats/json.h"
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
@@ -7,10 +7,10 @@
 #include <unordered_map>
 #include <utility>
 
-#include "gen_registry_docs/state_name.h"
+#include "gen_registry_docs/formats/state_name.h"
 #include "registry_docs/text.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::formats {
 namespace {
 
 using registry_docs::BlockReport;
@@ -111,4 +111,4 @@ std::string json_failure(const std::string& message) {
   });
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::formats

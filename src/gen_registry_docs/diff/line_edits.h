@@ -1,13 +1,13 @@
 // What differs between two texts, line by line.
-#ifndef GEN_REGISTRY_DOCS_LINE_EDITS_H
-#define GEN_REGISTRY_DOCS_LINE_EDITS_H
+#ifndef GEN_REGISTRY_DOCS_DIFF_LINE_EDITS_H
+#define GEN_REGISTRY_DOCS_DIFF_LINE_EDITS_H
 
 #include <cstddef>
 #include <span>
 #include <string_view>
 #include <vector>
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::diff {
 
 // The lines of a text, each with its line feed; the last one may lack it. They borrow.
 std::vector<std::string_view> lines_of(std::string_view text);
@@ -26,6 +26,6 @@ struct LineEdit {
 std::vector<LineEdit> line_edits(std::span<const std::string_view> old_lines,
                                  std::span<const std::string_view> new_lines);
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::diff
 
-#endif  // GEN_REGISTRY_DOCS_LINE_EDITS_H
+#endif  // GEN_REGISTRY_DOCS_DIFF_LINE_EDITS_H

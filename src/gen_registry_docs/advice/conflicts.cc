@@ -1,4 +1,4 @@
-#include "gen_registry_docs/conflicts.h"
+#include "gen_registry_docs/advice/conflicts.h"
 
 #include <algorithm>
 #include <string_view>
@@ -6,7 +6,7 @@
 #include "registry_docs/markers.h"
 #include "registry_docs/text.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 namespace {
 
 using registry_docs::BlockReport;
@@ -56,6 +56,7 @@ bool holds_a_marker(std::string_view text, std::size_t begin, std::size_t end) {
 std::vector<Conflict> conflicts_across_markers(std::string_view text,
                                                const std::vector<BlockReport>& blocks) {
   std::vector<Conflict> found;
+  if (text.find("<<<<<<<") == npos) return found;
   registry_docs::LineCounter lines(text);
   for (std::size_t at = 0; at < text.size(); at = next_line(text, at)) {
     if (!is_mark(text, at, '<')) continue;
@@ -70,4 +71,4 @@ std::vector<Conflict> conflicts_across_markers(std::string_view text,
   return found;
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice

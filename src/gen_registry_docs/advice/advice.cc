@@ -1,4 +1,4 @@
-#include "gen_registry_docs/advice.h"
+#include "gen_registry_docs/advice/advice.h"
 
 #include <algorithm>
 #include <functional>
@@ -7,20 +7,18 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "gen_registry_docs/conflicts.h"
-#include "gen_registry_docs/guesses.h"
-#include "gen_registry_docs/loose_markers.h"
-#include "gen_registry_docs/markers_of.h"
+#include "gen_registry_docs/advice/conflicts.h"
+#include "gen_registry_docs/advice/loose_markers.h"
 #include "registry_docs/markers.h"
+#include "text/nearest.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 namespace {
 
 using registry_docs::BlockReport;
 using registry_docs::BlockState;
 using registry_docs::FileReport;
 using registry_docs::FileState;
-using Steps = std::vector<Step>;
 using Names = std::unordered_set<std::string_view>;
 
 void add(Steps& steps, const FileReport& file, std::size_t line, const std::string& text) {
@@ -40,7 +38,7 @@ void add_conflicts(Steps& steps, const FileReport& file) {
 
 // A name that no marker can hold, though the registry makes a block of it.
 bool is_impossible(std::string_view name) {
-  const std::string marker = opening_marker(name);
+  const std::string marker = registry_docs::opening_marker(name);
   const auto found = registry_docs::find_marker(marker, 0);
   return !found || found->name != name;
 }
@@ -58,7 +56,7 @@ std::vector<std::string_view> possible_names(const FileReport& file) {
 
 // Some of these add to `explained` the names whose absence their steps explain.
 
-void add_loose_markers(Steps& steps, const FileReport& file, Guesses& guesses,
+void add_loose_markers(Steps& steps, const FileReport& file, text::Guesses& guesses,
                        Names& explained) {
   for (const LooseMarker& marker : loose_markers(file, guesses)) {
     add(steps, file, marker.line, marker.fault);
@@ -66,7 +64,8 @@ void add_loose_markers(Steps& steps, const FileReport& file, Guesses& guesses,
   }
 }
 
-void add_unknown(Steps& steps, const FileReport& file, Guesses& guesses, Names& explained) {
+void add_unknown(Steps& steps, const FileReport& file, text::Guesses& guesses,
+                 Names& explained) {
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::unknown) continue;
     const std::string_view meant = guesses.take(block.name);
@@ -109,8 +108,8 @@ Step step_for_missing(const FileReport& file, std::span<const std::string_view> 
   for (const std::string_view name : names) {
     if (!step.paste.empty()) step.text += ", ";
     step.text += name;
-    step.paste.push_back(opening_marker(name));
-    step.paste.push_back(closing_marker(name));
+    step.paste.push_back(registry_docs::opening_marker(name));
+    step.paste.push_back(registry_docs::closing_marker(name));
   }
   step.text += line == 0 ? "; put these lines where the lists shall stand:"
                          : "; put these lines behind line " + std::to_string(line) + ":";
@@ -139,37 +138,44 @@ void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
 
 }  // namespace
 
-std::vector<Step> advice(const FileReport& file) {
-  Steps steps;
-  if (file.state == FileState::current) return steps;
-  add_conflicts(steps, file);
-  const bool is_explained = !steps.empty();
-  if (is_explained || file.state != FileState::wrong_markers) return steps;
+Steps steps(const FileReport& file) {
+  Steps found;
+  if (file.state == FileState::current) return found;
+  add_conflicts(found, file);
+  if (!found.empty() || file.state != FileState::wrong_markers) return found;
   Names explained;
-  Guesses guesses(possible_names(file));
-  add_unknown(steps, file, guesses, explained);
-  add_loose_markers(steps, file, guesses, explained);
-  add_repeated(steps, file);
-  add_impossible(steps, file, explained);
-  add_missing(steps, file, explained);
-  return steps;
+  text::Guesses guesses(possible_names(file));
+  add_unknown(found, file, guesses, explained);
+  add_loose_markers(found, file, guesses, explained);
+  add_repeated(found, file);
+  add_impossible(found, file, explained);
+  add_missing(found, file, explained);
+  return found;
 }
 
-std::vector<std::string> advice_lines(const FileReport& file) {
+std::vector<Steps> steps(std::span<const FileReport> files) {
+  std::vector<Steps> found;
+  found.reserve(files.size());
+  for (const FileReport& file : files) found.push_back(steps(file));
+  return found;
+}
+
+std::vector<std::string> lines(const Steps& steps) {
   std::vector<std::string> lines;
-  for (const Step& step : advice(file)) {
+  for (const Step& step : steps) {
     lines.push_back(step.text);
     lines.insert(lines.end(), step.paste.begin(), step.paste.end());
   }
   return lines;
 }
 
-void refuse_conflict(const registry_docs::GeneratedFile& file, std::string_view text) {
-  if (text.find("<<<<<<<") == std::string_view::npos) return;
-  const auto conflicts = conflicts_across_markers(text, registry_docs::blocks_of(text));
-  if (conflicts.empty()) return;
-  throw registry_docs::ValueError(file.path + ":" + std::to_string(conflicts.front().line) +
-                                  ": " + conflict_text(conflicts.front()));
+std::optional<std::string> refusal(const FileReport& file) {
+  if (file.state == FileState::current) return std::nullopt;
+  if (file.state != FileState::stale) return file.problem;
+  Steps conflicts;
+  add_conflicts(conflicts, file);
+  if (conflicts.empty()) return std::nullopt;
+  return conflicts.front().text;
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice

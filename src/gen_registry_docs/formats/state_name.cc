@@ -1,6 +1,6 @@
-#include "gen_registry_docs/state_name.h"
+#include "gen_registry_docs/formats/state_name.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::formats {
 
 const char* state_name(registry_docs::BlockState state) {
   using registry_docs::BlockState;
@@ -36,4 +36,4 @@ const char* state_name(registry_docs::FileState state) {
   return "";
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::formats

@@ -1,13 +1,13 @@
 // What a write would change, for people and for patch programs.
-#ifndef GEN_REGISTRY_DOCS_UNIFIED_DIFF_H
-#define GEN_REGISTRY_DOCS_UNIFIED_DIFF_H
+#ifndef GEN_REGISTRY_DOCS_DIFF_UNIFIED_DIFF_H
+#define GEN_REGISTRY_DOCS_DIFF_UNIFIED_DIFF_H
 
 #include <string>
 #include <string_view>
 
 #include "registry_docs/report.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::diff {
 
 enum class Colors { none, ansi };
 
@@ -17,6 +17,6 @@ enum class Colors { none, ansi };
 std::string unified_diff(const registry_docs::FileReport& file, std::string_view bytes,
                          Colors colors);
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::diff
 
-#endif  // GEN_REGISTRY_DOCS_UNIFIED_DIFF_H
+#endif  // GEN_REGISTRY_DOCS_DIFF_UNIFIED_DIFF_H

@@ -1,10 +1,11 @@
-#include "gen_registry_docs/line_edits.h"
+#include "gen_registry_docs/diff/line_edits.h"
 
 #include <algorithm>
-#include <dtl/dtl.hpp>
 #include <unordered_map>
 
-namespace gen_registry_docs {
+#include "gen_registry_docs/diff/common_lines.h"
+
+namespace gen_registry_docs::diff {
 namespace {
 
 using Lines = std::span<const std::string_view>;
@@ -80,13 +81,14 @@ std::size_t fewest_that_stay(const Sequence& from, const Sequence& to,
   return ends.size();
 }
 
-// Whether the library finds the shortest script at one go. It takes (p + 1) * (p + d + 1)
-// steps, where p lines of the shorter side go and the other side is longer by d.
-bool is_found_at_one_go(const Sequence& from, const Sequence& to, const Numbers& numbers) {
+// Whether what they have in common is found soon, for common_places takes more steps the more
+// numbers of the shorter side go and the more the other side is longer.
+bool is_found_soon(const Sequence& from, const Sequence& to, const Numbers& numbers) {
   const auto [shorter, longer] = std::minmax({from.numbers.size(), to.numbers.size()});
   const std::size_t most_gone = shorter - fewest_that_stay(from, to, numbers);
   const std::size_t columns = most_gone + longer - shorter + 1;
-  return columns < dtl::MAX_CORDINATES_SIZE / (most_gone + 1);
+  constexpr std::size_t most_steps = 2'000'000;
+  return columns < most_steps / (most_gone + 1);
 }
 
 // The edits between lines that stay, each given as a pair of places, from top to bottom.
@@ -148,16 +150,12 @@ std::vector<LineEdit> line_edits(Lines old_lines, Lines new_lines) {
   Sequence from = common_lines(old_lines, numbers);
   Sequence to = common_lines(new_lines, numbers);
   Edits edits(begin);
-  if (is_found_at_one_go(from, to, numbers)) {
-    dtl::Diff<int> diff(from.numbers, to.numbers);
-    diff.compose();
-    for (const auto& [number, place] : diff.getSes().getSequence()) {
-      if (place.type != dtl::SES_COMMON) continue;
-      edits.keep(begin + from.places[static_cast<std::size_t>(place.beforeIdx) - 1],
-                 begin + to.places[static_cast<std::size_t>(place.afterIdx) - 1]);
+  if (is_found_soon(from, to, numbers)) {
+    for (const auto& [left, right] : common_places(from.numbers, to.numbers)) {
+      edits.keep(begin + from.places[left], begin + to.places[right]);
     }
   }
   return edits.finish(old_end, new_end);
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::diff

@@ -1,20 +1,21 @@
-#include "gen_registry_docs/loose_markers.h"
+#include "gen_registry_docs/advice/loose_markers.h"
 
 #include <algorithm>
 #include <optional>
 #include <unordered_set>
 
-#include "gen_registry_docs/markers_of.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/text.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 namespace {
 
 using registry_docs::BlockReport;
 using registry_docs::BlockState;
+using registry_docs::closing_marker;
 using registry_docs::FileReport;
 using registry_docs::Marker;
+using registry_docs::opening_marker;
 using Names = std::unordered_set<std::string_view>;
 
 Names missing_names(const FileReport& file) {
@@ -51,7 +52,7 @@ std::string inner_fault(std::string_view name, const BlockReport& around) {
 // Walks over the markers and the blocks of a text at once.
 class Walk {
  public:
-  Walk(const FileReport& file, Guesses& guesses)
+  Walk(const FileReport& file, text::Guesses& guesses)
       : file_(file),
         missing_(missing_names(file)),
         declared_(file.declared.begin(), file.declared.end()),
@@ -99,11 +100,12 @@ class Walk {
   Names missing_;
   Names declared_;
   Names opened_;
-  Guesses& guesses_;
+  text::Guesses& guesses_;
   std::vector<BlockReport>::const_iterator next_;
 };
 
-void add_markers(std::vector<LooseMarker>& found, const FileReport& file, Guesses& guesses) {
+void add_markers(std::vector<LooseMarker>& found, const FileReport& file,
+                 text::Guesses& guesses) {
   const std::string_view text = file.text;
   registry_docs::LineCounter lines(text);
   Walk walk(file, guesses);
@@ -116,46 +118,26 @@ void add_markers(std::vector<LooseMarker>& found, const FileReport& file, Guesse
   }
 }
 
-// The name that a comment, without its delimiters, would have as a marker written carelessly.
-std::string_view careless_name(std::string_view inside) {
-  inside = registry_docs::strip(inside);
-  if (inside.starts_with('/')) inside = registry_docs::strip(inside.substr(1));
-  constexpr std::string_view keyword = "registry";
-  if (!inside.starts_with(keyword)) return {};
-  inside = registry_docs::strip(inside.substr(keyword.size()));
-  if (!inside.starts_with(':')) return {};
-  return registry_docs::strip(inside.substr(1));
-}
-
 // Adds the comments that are almost markers of missing blocks.
 void add_careless_ones(std::vector<LooseMarker>& found, const FileReport& file) {
-  constexpr std::string_view open = "<!--";
-  constexpr std::size_t longest = 500;  // so that a text full of openings takes no longer
   const std::string_view text = file.text;
   const Names missing = missing_names(file);
   registry_docs::LineCounter lines(text);
-  for (std::size_t at = text.find(open); at != std::string_view::npos;
-       at = text.find(open, at + 1)) {
-    const std::string_view comment = text.substr(at, longest);
-    const std::size_t end = comment.find("-->");
-    if (end == std::string_view::npos ||
-        registry_docs::find_marker(comment.substr(0, end + 3), 0)) {
-      continue;
-    }
-    const std::string_view inside = comment.substr(open.size(), end - open.size());
-    const std::string_view name = careless_name(inside);
-    if (!missing.contains(name)) continue;
-    const bool is_closing = registry_docs::strip(inside).starts_with('/');
-    found.push_back({name, lines.line_of(text.data() + at),
-                     "this is almost a marker of " + std::string(name) + "; write " +
-                         (is_closing ? closing_marker(name) : opening_marker(name)),
-                     true});
+  for (auto marker = registry_docs::find_careless_marker(text, 0); marker;
+       marker = registry_docs::find_careless_marker(text, marker->begin + 1)) {
+    if (!missing.contains(marker->name)) continue;
+    const bool is_closing = marker->kind == Marker::Kind::closing;
+    found.push_back(
+        {marker->name, lines.line_of(text.data() + marker->begin),
+         "this is almost a marker of " + std::string(marker->name) + "; write " +
+             (is_closing ? closing_marker(marker->name) : opening_marker(marker->name)),
+         true});
   }
 }
 
 }  // namespace
 
-std::vector<LooseMarker> loose_markers(const FileReport& file, Guesses& guesses) {
+std::vector<LooseMarker> loose_markers(const FileReport& file, text::Guesses& guesses) {
   std::vector<LooseMarker> found;
   add_markers(found, file, guesses);
   add_careless_ones(found, file);
@@ -170,4 +152,4 @@ std::vector<LooseMarker> loose_markers(const FileReport& file, Guesses& guesses)
   return found;
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice

@@ -1,9 +1,9 @@
-#include "gen_registry_docs/nearest.h"
+#include "text/nearest.h"
 
 #include <algorithm>
 #include <cstddef>
 
-namespace gen_registry_docs {
+namespace text {
 namespace {
 
 constexpr std::size_t most = 2;
@@ -39,4 +39,12 @@ std::string_view nearest(std::string_view name, std::span<const std::string_view
   return {};
 }
 
-}  // namespace gen_registry_docs
+std::string_view Guesses::take(std::string_view name) {
+  if (left_ == 0) return {};
+  --left_;
+  const std::string_view meant = nearest(name, names_);
+  std::erase(names_, meant);
+  return meant;
+}
+
+}  // namespace text

@@ -1,12 +1,12 @@
-#include "gen_registry_docs/unified_diff.h"
+#include "gen_registry_docs/diff/unified_diff.h"
 
 #include <algorithm>
 #include <span>
 #include <vector>
 
-#include "gen_registry_docs/line_edits.h"
+#include "gen_registry_docs/diff/line_edits.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::diff {
 namespace {
 
 using registry_docs::BlockReport;
@@ -21,26 +21,19 @@ struct Cut {
   std::size_t new_at;
 };
 
-// What a write would write, and where changed bodies begin and end.
-struct Rewritten {
-  std::string text = {};
-  std::vector<Cut> cuts = {};
-};
-
-Rewritten rewritten(const FileReport& file) {
-  Rewritten result;
-  std::size_t copied = 0;
+// Where changed bodies begin, and end at the beginning of a line.
+std::vector<Cut> cuts_of(const FileReport& file) {
+  std::vector<Cut> cuts;
+  Cut at{0, 0};
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::stale) continue;
-    result.text.append(file.text, copied, block.begin - copied);
-    result.cuts.push_back({block.begin, result.text.size()});
-    result.text += block.rendered;
-    copied = block.end;
-    const bool begins_line = file.text[copied - 1] == '\n';  // a marker stands before it
-    if (begins_line) result.cuts.push_back({copied, result.text.size()});
+    at = {block.begin, at.new_at + (block.begin - at.old_at)};
+    cuts.push_back(at);
+    at = {block.end, at.new_at + block.rendered.size()};
+    const bool begins_line = file.text[block.end - 1] == '\n';  // a marker stands before it
+    if (begins_line) cuts.push_back(at);
   }
-  result.text.append(file.text, copied);
-  return result;
+  return cuts;
 }
 
 // Both texts by lines, and what differs.
@@ -159,11 +152,10 @@ void write_hunk(Writer& to, const Comparison& all, std::span<const LineEdit> hun
 }  // namespace
 
 std::string unified_diff(const FileReport& file, std::string_view bytes, Colors colors) {
-  const Rewritten new_file = rewritten(file);
+  const std::string text = registry_docs::new_text(file);
   const bool has_line_feeds = bytes == file.text;
   const Comparison all =
-      compare(bytes, new_file.text,
-              has_line_feeds ? std::span(new_file.cuts) : std::span<const Cut>());
+      compare(bytes, text, has_line_feeds ? cuts_of(file) : std::vector<Cut>());
   Writer diff(colors);
   diff.header("--- a/" + file.path);
   diff.header("+++ b/" + file.path);
@@ -175,4 +167,4 @@ std::string unified_diff(const FileReport& file, std::string_view bytes, Colors 
   return diff.finish();
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::diff

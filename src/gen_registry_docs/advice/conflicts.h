@@ -1,6 +1,6 @@
 // Merge conflicts that a write cannot settle.
-#ifndef GEN_REGISTRY_DOCS_CONFLICTS_H
-#define GEN_REGISTRY_DOCS_CONFLICTS_H
+#ifndef GEN_REGISTRY_DOCS_ADVICE_CONFLICTS_H
+#define GEN_REGISTRY_DOCS_ADVICE_CONFLICTS_H
 
 #include <cstddef>
 #include <string_view>
@@ -8,7 +8,7 @@
 
 #include "registry_docs/report.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 
 // The lines of a merge conflict's own first and last marks, counted from 1.
 struct Conflict {
@@ -21,6 +21,6 @@ struct Conflict {
 std::vector<Conflict> conflicts_across_markers(
     std::string_view text, const std::vector<registry_docs::BlockReport>& blocks);
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice
 
-#endif  // GEN_REGISTRY_DOCS_CONFLICTS_H
+#endif  // GEN_REGISTRY_DOCS_ADVICE_CONFLICTS_H

@@ -1,12 +1,12 @@
-#include "gen_registry_docs/list.h"
+#include "gen_registry_docs/formats/list.h"
 
 #include <algorithm>
 #include <array>
 
-#include "gen_registry_docs/state_name.h"
+#include "gen_registry_docs/formats/state_name.h"
 #include "registry_docs/text.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::formats {
 namespace {
 
 using Row = std::array<std::string, 4>;
@@ -60,4 +60,4 @@ std::string block_list(const std::vector<registry_docs::FileReport>& files) {
   return table;
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::formats

@@ -1,16 +1,16 @@
 // Markers that begin and end no block.
-#ifndef GEN_REGISTRY_DOCS_LOOSE_MARKERS_H
-#define GEN_REGISTRY_DOCS_LOOSE_MARKERS_H
+#ifndef GEN_REGISTRY_DOCS_ADVICE_LOOSE_MARKERS_H
+#define GEN_REGISTRY_DOCS_ADVICE_LOOSE_MARKERS_H
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "gen_registry_docs/guesses.h"
 #include "registry_docs/report.h"
+#include "text/nearest.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 
 // A marker of a missing block, or what shall surely be one.
 struct LooseMarker {
@@ -24,8 +24,8 @@ struct LooseMarker {
 // comments that are almost theirs. A marker that is misspelt takes its name from `guesses`.
 // The faults that are gone once a misspelt marker is mended are left out.
 std::vector<LooseMarker> loose_markers(const registry_docs::FileReport& file,
-                                       Guesses& guesses);
+                                       text::Guesses& guesses);
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice
 
-#endif  // GEN_REGISTRY_DOCS_LOOSE_MARKERS_H
+#endif  // GEN_REGISTRY_DOCS_ADVICE_LOOSE_MARKERS_H

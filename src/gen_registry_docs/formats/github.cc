@@ -1,14 +1,13 @@
-#include "gen_registry_docs/github_format.h"
+#include "gen_registry_docs/formats/github.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <vector>
 
-#include "gen_registry_docs/advice.h"
 #include "registry_docs/text.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::formats {
 namespace {
 
 namespace fs = std::filesystem;
@@ -37,9 +36,8 @@ std::string escaped_data(std::string_view text) { return escaped(text, "%\r\n");
 
 // Where a person has to begin: at the first step that has a place, or else at the first block
 // that is not current.
-std::size_t line_of_problem(const FileReport& file) {
-  const std::vector<Step> steps = advice(file);
-  const auto has_place = [](const Step& step) { return step.line != 0; };
+std::size_t line_of_problem(const FileReport& file, const advice::Steps& steps) {
+  const auto has_place = [](const advice::Step& step) { return step.line != 0; };
   const auto step = std::ranges::find_if(steps, has_place);
   if (step != steps.end()) return step->line;
   const auto is_at_fault = [](const BlockReport& block) {
@@ -55,10 +53,12 @@ std::string annotation(const fs::path& path, std::size_t line, std::string_view 
 }
 
 // The annotation of a file with a problem.
-std::string annotation(const FileReport& file, const fs::path& root) {
+std::string annotation(const FileReport& file, const advice::Steps& steps,
+                       const fs::path& root) {
   std::string message = file.problem;
-  for (const std::string& line : advice_lines(file)) message += "\n" + line;
-  return annotation((root / file.path).lexically_normal(), line_of_problem(file), message);
+  for (const std::string& line : advice::lines(steps)) message += "\n" + line;
+  return annotation((root / file.path).lexically_normal(), line_of_problem(file, steps),
+                    message);
 }
 
 // The beginning of a message: a path and, behind a colon, the line if one is named.
@@ -81,14 +81,16 @@ Place place_of(const std::string& message) {
 
 }  // namespace
 
-std::string github_report(std::span<const FileReport> files, const fs::path& root,
+std::string github_report(std::span<const FileReport> files,
+                          std::span<const advice::Steps> steps, const fs::path& root,
                           const fs::path& top) {
   std::error_code failure;
   const fs::path near = fs::proximate(root, top, failure);
   const fs::path& seen_root = failure ? root : near;
   std::string commands;
-  for (const FileReport& file : files) {
-    if (file.state != FileState::current) commands += annotation(file, seen_root);
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    if (files[i].state == FileState::current) continue;
+    commands += annotation(files[i], steps[i], seen_root);
   }
   return commands;
 }
@@ -103,4 +105,4 @@ std::string github_failure(const std::string& message, const fs::path& top) {
                       : annotation(path, place.line, shown);
 }
 
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::formats

@@ -1,14 +1,12 @@
-#include "gen_registry_docs/next_steps.h"
+#include "gen_registry_docs/advice/next_steps.h"
 
 #include <algorithm>
-#include <exception>
 #include <string>
 #include <vector>
 
-#include "gen_registry_docs/advice.h"
 #include "gen_registry_docs/output.h"
 
-namespace gen_registry_docs {
+namespace gen_registry_docs::advice {
 namespace {
 
 using registry_docs::FileReport;
@@ -38,19 +36,19 @@ std::string write_command(const Options& options, std::string_view program) {
 
 }  // namespace
 
-void print_next_steps(std::span<const FileReport> files, const Options& options,
-                      std::string_view program, std::string_view said) {
+void print_next_steps(std::span<const FileReport> files, std::span<const Steps> steps,
+                      const Options& options, std::string_view program,
+                      std::string_view said) {
   bool is_writable = true;
   bool is_current = true;
-  for (const FileReport& file : files) {
-    const std::vector<std::string> lines = advice_lines(file);
-    for (const std::string& line : lines) {
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    for (const std::string& line : lines(steps[i])) {
       if (line != said) print_error(line);
     }
-    const bool is_stale = file.state == FileState::stale;
-    is_current = is_current && file.state == FileState::current;
-    is_writable =
-        is_writable && lines.empty() && (is_stale || file.state == FileState::current);
+    const FileState state = files[i].state;
+    is_current = is_current && state == FileState::current;
+    is_writable = is_writable && steps[i].empty() &&
+                  (state == FileState::stale || state == FileState::current);
   }
   if (is_current) return;
   const std::string input = options.registry == "-" ? ", with the registry as input"
@@ -62,16 +60,4 @@ void print_next_steps(std::span<const FileReport> files, const Options& options,
   print_error("  " + write_command(options, program));
 }
 
-void print_next_steps(const registry_docs::Host& host, const std::filesystem::path& root,
-                      const Options& options, std::string_view program,
-                      std::string_view said) {
-  std::vector<FileReport> files;
-  try {
-    files = registry_docs::report(host, root);
-  } catch (const std::exception&) {
-    return;  // what the files were when the problem was found is said already
-  }
-  print_next_steps(files, options, program, said);
-}
-
-}  // namespace gen_registry_docs
+}  // namespace gen_registry_docs::advice

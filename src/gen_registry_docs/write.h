@@ -1,0 +1,19 @@
+// The write, and what is said when it is refused.
+#ifndef GEN_REGISTRY_DOCS_WRITE_H
+#define GEN_REGISTRY_DOCS_WRITE_H
+
+#include <filesystem>
+#include <string_view>
+
+#include "gen_registry_docs/options.h"
+#include "registry_docs/host.h"
+
+namespace gen_registry_docs {
+
+// Returns the exit status. Throws what keeps the files from being looked at or written.
+int write(const registry_docs::Host& host, const std::filesystem::path& root,
+          const Options& options, std::string_view program);
+
+}  // namespace gen_registry_docs
+
+#endif  // GEN_REGISTRY_DOCS_WRITE_H
