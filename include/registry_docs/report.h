@@ -63,7 +63,11 @@ enum class Detail { problems, everything };
 FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
                        Detail detail = Detail::everything);
 
-// The same for each generated file, in table order. `problem` is the line of stale_blocks.
+// The same for each file of a table, or of the host's, in order. `problem` is the line of
+// stale_blocks.
+std::vector<FileReport> report(std::span<const GeneratedFile> files,
+                               const std::filesystem::path& root,
+                               Detail detail = Detail::everything);
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root,
                                Detail detail = Detail::everything);
 

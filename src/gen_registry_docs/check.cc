@@ -88,12 +88,12 @@ bool has_problem(const FileReport& file) { return file.state != FileState::curre
 
 }  // namespace
 
-int check(const registry_docs::Host& host, const fs::path& root, const Options& options,
-          std::string_view program) {
+int check(std::span<const registry_docs::GeneratedFile> generated, const fs::path& root,
+          const Options& options, std::string_view program) {
   // Only JSON tells of current blocks; most checks find no others.
   const auto detail = options.format == Format::json ? registry_docs::Detail::everything
                                                      : registry_docs::Detail::problems;
-  const Files files = registry_docs::report(host, root, detail);
+  const Files files = registry_docs::report(generated, root, detail);
   const bool is_current = std::ranges::none_of(files, has_problem);
   const bool is_shown = !is_current || options.format == Format::json;
   if (is_shown && !options.quiet) {

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <span>
 #include <vector>
 
 #include "gen_registry_docs/answer.h"
@@ -36,24 +37,24 @@ fs::path find_root() {
                    "--root DIR");
 }
 
-// Binds the host, and writes its server's answer down if that was asked for.
-registry_docs::Host bind(const fs::path& root, const Options& options) {
+// Binds the repository, and writes its server's answer down if that was asked for.
+registry::Bound bind(const fs::path& root, const Options& options) {
   std::string answer;
   registry::Sources sources{.registry = options.registry, .tools = options.tools};
   sources.ask = [&](const registry::Server& server) { return ask(server, root, options); };
   if (options.save_tools) sources.keep = [&answer](std::string_view json) { answer = json; };
-  registry_docs::Host host = registry::bind_host(root, sources);
-  if (!options.save_tools) return host;
+  registry::Bound bound = registry::bind(root, sources);
+  if (!options.save_tools) return bound;
   if (answer.empty()) {
     throw UsageError(
         "--save-tools: expected a server in the registry, or --tools, found neither");
   }
   save(answer, *options.save_tools);
-  return host;
+  return bound;
 }
 
-int list(const registry_docs::Host& host, const fs::path& root) {
-  print(formats::block_list(registry_docs::report(host, root)));
+int list(std::span<const registry_docs::GeneratedFile> files, const fs::path& root) {
+  print(formats::block_list(registry_docs::report(files, root)));
   return 0;
 }
 
@@ -61,10 +62,11 @@ int carry_out(const Options& options, std::string_view program) {
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
   ready_heap(options.registry ? fs::path(*options.registry)
                               : root / tesmo_sorvet::registry_path);
-  const registry_docs::Host host = bind(root, options);
-  const int status = options.action == Action::check   ? check(host, root, options, program)
-                     : options.action == Action::write ? write(host, root, options, program)
-                                                       : list(host, root);
+  const registry::Bound bound = bind(root, options);
+  const auto& files = bound.files;
+  const int status = options.action == Action::check   ? check(files, root, options, program)
+                     : options.action == Action::write ? write(files, root, options, program)
+                                                       : list(files, root);
   // The system takes back the memory of a large registry at once. Giving it back piece by
   // piece first is a tenth of a check of 10,000 tools.
   std::_Exit(status);

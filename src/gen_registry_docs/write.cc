@@ -9,7 +9,6 @@
 #include "gen_registry_docs/advice/advice.h"
 #include "gen_registry_docs/advice/next_steps.h"
 #include "gen_registry_docs/output.h"
-#include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
 
 namespace gen_registry_docs {
@@ -48,19 +47,12 @@ void print_what_to_do(std::span<const GeneratedFile> left, const fs::path& root,
 
 }  // namespace
 
-int write(const registry_docs::Host& host, const fs::path& root, const Options& options,
-          std::string_view program) {
-  std::vector<GeneratedFile> generated;
-  try {
-    generated = registry_docs::generated_files(host);
-  } catch (const registry_docs::ValueError& error) {
-    print_error(error.what());
-    return 1;
-  }
+int write(std::span<const GeneratedFile> generated, const fs::path& root,
+          const Options& options, std::string_view program) {
   Files files;
   if (const auto refusal = look_at(generated, root, files)) {
     print_error(*refusal);
-    const auto left = std::span(generated).subspan(files.size());
+    const auto left = generated.subspan(files.size());
     if (!options.quiet) print_what_to_do(left, root, files, options, program, *refusal);
     return 1;
   }

@@ -125,15 +125,18 @@ std::optional<std::filesystem::path> find_registry(const std::filesystem::path& 
   return std::nullopt;
 }
 
-registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources) {
+Bound bind(const std::filesystem::path& root, const Sources& sources) {
   const auto document = registry_document(root, sources.registry);
-  return is_first_host(Node(*document), sources) ? tesmo_sorvet::bind_host(root, document)
-                                                 : bind_any_host(root, sources, document);
+  auto host = std::make_shared<const registry_docs::Host>(
+      is_first_host(Node(*document), sources) ? tesmo_sorvet::bind_host(root, document)
+                                              : bind_any_host(root, sources, document));
+  std::vector<registry_docs::GeneratedFile> files = registry_docs::generated_files(*host);
+  return {std::move(host), std::move(files)};
 }
 
 registry_docs::Host bind_host(const std::filesystem::path& root,
                               const std::optional<std::string>& registry) {
-  return bind_host(root, Sources{.registry = registry});
+  return *bind(root, Sources{.registry = registry}).host;
 }
 
 }  // namespace registry

@@ -4,12 +4,15 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "registry/server.h"
 #include "registry_docs/host.h"
+#include "registry_docs/registry_docs.h"
 
 namespace registry {
 
@@ -31,12 +34,19 @@ struct Sources {
   std::function<void(std::string_view json)> keep = {};
 };
 
-// Binds the host from the registry file, the answer to tools/list where there is one, and, if
-// a file shall hold the rules block, the rules text of src/tesmo_sorvet/setup/config.py under
-// the root. The host owns all it holds. Throws InputError, FileError or DecodeError; the
-// message begins with the file's name, the registry's as it is given here.
-registry_docs::Host bind_host(const std::filesystem::path& root, const Sources& sources);
+// What a registry document and the answer beside it come to.
+struct Bound {
+  std::shared_ptr<const registry_docs::Host> host;
+  std::vector<registry_docs::GeneratedFile> files;  // their renderers borrow the host
+};
 
+// Binds the registry document, the answer to tools/list where there is one, and, if a file
+// shall hold the rules block, the rules text of src/tesmo_sorvet/setup/config.py under the
+// root. Owns all it holds. Throws InputError, FileError or DecodeError; the message begins
+// with the file's name, the registry's as it is given here.
+Bound bind(const std::filesystem::path& root, const Sources& sources);
+
+// The host of a repository whose registry document, its own or the given one, needs no answer.
 registry_docs::Host bind_host(const std::filesystem::path& root,
                               const std::optional<std::string>& registry = {});
 

@@ -169,13 +169,17 @@ FileReport report_file(const GeneratedFile& generated, const std::filesystem::pa
   return report;
 }
 
+std::vector<FileReport> report(std::span<const GeneratedFile> files,
+                               const std::filesystem::path& root, Detail detail) {
+  std::vector<FileReport> reports;
+  reports.reserve(files.size());
+  for (const GeneratedFile& file : files) reports.push_back(report_file(file, root, detail));
+  return reports;
+}
+
 std::vector<FileReport> report(const Host& host, const std::filesystem::path& root,
                                Detail detail) {
-  std::vector<FileReport> reports;
-  for (const GeneratedFile& generated : generated_files(host)) {
-    reports.push_back(report_file(generated, root, detail));
-  }
-  return reports;
+  return report(generated_files(host), root, detail);
 }
 
 std::vector<std::string> stale_blocks(const Host& host, const std::filesystem::path& root) {
