@@ -4,11 +4,13 @@
 #include <string_view>
 
 #include "mcp_client/conversation.h"
-#include "mcp_client/excerpt.h"
 #include "mcp_client/members.h"
+#include "registry_docs/text.h"
 
 namespace mcp_client {
 namespace {
+
+using registry_docs::visible_in_quotes;
 
 constexpr const char* list_method = "tools/list";
 
@@ -42,7 +44,7 @@ void append(std::string& all, std::string& page, std::string_view tools) {
 std::string_view elements_of(std::string_view tools, Conversation& conversation) {
   if (!tools.starts_with('[')) {
     conversation.fail(std::string("an array of tools in the answer to ") + list_method,
-                      tools.empty() ? "none" : in_quotes(tools));
+                      tools.empty() ? "none" : visible_in_quotes(tools));
   }
   return trimmed(tools.substr(1, tools.size() - 2));
 }
@@ -53,9 +55,11 @@ std::string next_cursor(const Members& result, std::set<std::string>& seen,
   std::string cursor(result["nextCursor"]);
   const std::string place = std::string("nextCursor in the answer to ") + list_method;
   if (cursor.empty() || cursor == "null") return {};
-  if (!cursor.starts_with('"')) conversation.fail("a string as " + place, in_quotes(cursor));
+  if (!cursor.starts_with('"')) {
+    conversation.fail("a string as " + place, visible_in_quotes(cursor));
+  }
   if (!seen.insert(cursor).second) {
-    conversation.fail("another " + place, in_quotes(cursor) + " again");
+    conversation.fail("another " + place, visible_in_quotes(cursor) + " again");
   }
   return cursor;
 }

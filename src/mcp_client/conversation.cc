@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "mcp_client/excerpt.h"
 #include "mcp_client/members.h"
 #include "registry_docs/text.h"
 
 namespace mcp_client {
 namespace {
 
+using registry_docs::visible_in_quotes;
 using std::chrono::milliseconds;
 
 // How long a server may take to end by itself.
@@ -38,7 +38,7 @@ std::string quoted_lines(std::string_view text) {
 std::string error_in(std::string_view error) {
   const auto members = members_of(error);
   const auto text = members ? characters_of((*members)["message"]) : std::nullopt;
-  return "the error " + in_quotes(text ? std::string_view(*text) : error);
+  return "the error " + visible_in_quotes(text ? std::string_view(*text) : error);
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ std::optional<std::string_view> Conversation::result_in(std::string_view line,
   if (!message) {
     if (settings_->warn) {
       settings_->warn(name_ + ": expected a JSON-RPC message in every line, found " +
-                      in_quotes(line));
+                      visible_in_quotes(line));
     }
     return std::nullopt;
   }
@@ -111,7 +111,7 @@ std::optional<std::string_view> Conversation::result_in(std::string_view line,
   if (!is_answer) return std::nullopt;
   if (!error.empty()) fail("an " + awaited, error_in(error));
   if (result.empty()) fail("a result in the " + awaited, "none");
-  if (!result.starts_with('{')) fail("an object as the " + awaited, in_quotes(result));
+  if (!result.starts_with('{')) fail("an object as the " + awaited, visible_in_quotes(result));
   return result;
 }
 
