@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "mcp_client/client.h"
 #include "mcp_client/line_buffer.h"
 #include "mcp_client/process.h"
+#include "mcp_client/server.h"
 #include "mcp_client/signals.h"
 
 namespace mcp_client {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "mcp_client/client.h"
 #include "mcp_client/connection.h"
+#include "mcp_client/server.h"
 
 namespace mcp_client {
 

@@ -7,8 +7,8 @@
 #include <csignal>
 #include <string>
 
-#include "mcp_client/client.h"
 #include "mcp_client/descriptor.h"
+#include "mcp_client/server.h"
 
 namespace mcp_client {
 
