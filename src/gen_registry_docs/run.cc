@@ -7,10 +7,10 @@
 #include "gen_registry_docs/answer.h"
 #include "gen_registry_docs/check.h"
 #include "gen_registry_docs/formats/list.h"
-#include "gen_registry_docs/heap.h"
 #include "gen_registry_docs/help.h"
 #include "gen_registry_docs/output.h"
 #include "gen_registry_docs/write.h"
+#include "port/heap.h"
 #include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
@@ -59,8 +59,8 @@ int list(const registry_docs::Host& host, const fs::path& root) {
 
 int carry_out(const Options& options, std::string_view program) {
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
-  ready_heap(options.registry ? fs::path(*options.registry)
-                              : root / tesmo_sorvet::registry_path);
+  port::ready_heap(options.registry ? fs::path(*options.registry)
+                                    : root / tesmo_sorvet::registry_path);
   const registry_docs::Host host = bind(root, options);
   const int status = options.action == Action::check   ? check(host, root, options, program)
                      : options.action == Action::write ? write(host, root, options, program)

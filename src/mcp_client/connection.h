@@ -44,7 +44,7 @@ class Connection {
  private:
   void exchange(Clock::time_point until);
   bool ends_within(std::chrono::milliseconds patience, int interruption);
-  std::string_view read(Descriptor& file);
+  std::string_view read(port::Descriptor& file);
   void read_errors();
   void write();
 

@@ -1,17 +1,18 @@
 // A descriptor, closed when it goes out of scope.
-#ifndef MCP_CLIENT_DESCRIPTOR_H
-#define MCP_CLIENT_DESCRIPTOR_H
+#ifndef PORT_DESCRIPTOR_H
+#define PORT_DESCRIPTOR_H
 
 #include <unistd.h>
 
-#include <cerrno>
-#include <system_error>
 #include <utility>
 
-namespace mcp_client {
+#include "port/system_call.h"
+
+namespace port {
 
 class Descriptor {
  public:
+  // Takes the number of an open file over, or a negative one for none.
   explicit Descriptor(int number = -1) noexcept : number_(number) {}
   ~Descriptor() { close(); }
   Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
@@ -25,20 +26,18 @@ class Descriptor {
   // Negative when it is closed, which poll(2) passes over.
   [[nodiscard]] int number() const noexcept { return number_; }
   [[nodiscard]] bool is_open() const noexcept { return number_ >= 0; }
-  void close() noexcept {
-    if (is_open()) ::close(std::exchange(number_, -1));
+
+  // It is closed then, whatever this returns: some file systems report a failed write only
+  // here. An interrupted one is closed all the same, and no failure.
+  std::error_code close() noexcept {
+    if (!is_open() || ::close(std::exchange(number_, -1)) == 0 || errno == EINTR) return {};
+    return last_error();
   }
 
  private:
   int number_;
 };
 
-// `result` of a system call that returns a negative number when it fails, which throws.
-inline int require(int result, const char* call) {
-  if (result < 0) throw std::system_error(errno, std::generic_category(), call);
-  return result;
-}
+}  // namespace port
 
-}  // namespace mcp_client
-
-#endif  // MCP_CLIENT_DESCRIPTOR_H
+#endif  // PORT_DESCRIPTOR_H

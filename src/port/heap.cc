@@ -1,4 +1,4 @@
-#include "gen_registry_docs/heap.h"
+#include "port/heap.h"
 
 #include <malloc.h>
 #include <sys/mman.h>
@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <limits>
 
-namespace gen_registry_docs {
+namespace port {
 namespace {
 
 constexpr std::uintmax_t large = 1 << 20;
@@ -34,4 +34,4 @@ void ready_heap(const std::filesystem::path& registry) {
   std::free(piece);
 }
 
-}  // namespace gen_registry_docs
+}  // namespace port

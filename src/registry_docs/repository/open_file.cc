@@ -1,11 +1,14 @@
-#include "registry_docs/repository/descriptor.h"
+#include "registry_docs/repository/open_file.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
-#include <utility>
+#include "registry_docs/errors.h"
 
 namespace registry_docs::repository {
 namespace {
+
+using port::last_error;
 
 constexpr const char* regular_file = "a regular file";
 
@@ -16,12 +19,14 @@ const char* kind_name(mode_t mode) {
   return "a device";
 }
 
-int opened(const std::filesystem::path& path, int flags) {
+}  // namespace
+
+OpenFile open_file(const std::filesystem::path& path, int flags) {
   int number = -1;
   do {
     number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY);
   } while (number < 0 && errno == EINTR);
-  if (number >= 0) return number;
+  if (number >= 0) return {path, port::Descriptor(number)};
   const std::error_code failure = last_error();
   struct stat status {};
   // The system says no more of a socket than that there is no such device.
@@ -31,30 +36,19 @@ int opened(const std::filesystem::path& path, int flags) {
   throw FileError(path, failure);
 }
 
-}  // namespace
-
-Descriptor::Descriptor(const std::filesystem::path& path, int flags)
-    : path_(&path), number_(opened(path, flags)) {}
-
-std::error_code Descriptor::close() noexcept {
-  // An interrupted one is closed all the same.
-  if (::close(std::exchange(number_, -1)) != 0 && errno != EINTR) return last_error();
-  return {};
-}
-
-struct stat status_of(const Descriptor& file) {
+struct stat status_of(const OpenFile& file) {
   struct stat status {};
-  if (::fstat(file.number(), &status) != 0) throw FileError(file.path(), last_error());
+  if (::fstat(file.number(), &status) != 0) throw FileError(file.path, last_error());
   return status;
 }
 
-struct stat regular_status_of(const Descriptor& file) {
+struct stat regular_status_of(const OpenFile& file) {
   const struct stat status = status_of(file);
-  if (!S_ISREG(status.st_mode)) refuse_kind(file.path(), status.st_mode, regular_file);
+  if (!S_ISREG(status.st_mode)) refuse_kind(file.path, status.st_mode, regular_file);
   return status;
 }
 
-std::string rest_of(const Descriptor& file, const struct stat& status) {
+std::string rest_of(const OpenFile& file, const struct stat& status) {
   constexpr std::size_t least_room = 4096;
   const bool is_regular = S_ISREG(status.st_mode);
   std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
@@ -62,7 +56,7 @@ std::string rest_of(const Descriptor& file, const struct stat& status) {
     const std::size_t room = bytes.size() - size;
     const ssize_t count = ::read(file.number(), bytes.data() + size, room);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw FileError(file.path(), last_error());
+    if (count < 0) throw FileError(file.path, last_error());
     size += static_cast<std::size_t>(count);
     // Of a regular file, the system returns less than it was asked for only at the end.
     if (count == 0 || (is_regular && static_cast<std::size_t>(count) < room)) {
