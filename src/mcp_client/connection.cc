@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
+#include <system_error>
 
 namespace mcp_client {
 namespace {

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 #include "registry_docs/errors.h"
 
 namespace registry_docs::repository {

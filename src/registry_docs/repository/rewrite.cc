@@ -2,7 +2,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
+#include <system_error>
 
 #include "port/disk.h"
 #include "registry_docs/errors.h"
