@@ -1,4 +1,7 @@
 #include "json/node.h"
+
+#include <stdexcept>
+
 #include "registry_docs/errors.h"
 
 namespace json {
@@ -40,6 +43,11 @@ void Node::require(Kind kind) const {
   if (token_->kind() != kind) refuse(kind_name(kind), kind_name(token_->kind()));
 }
 
+void Node::require_list(Kind kind) const {
+  require(kind);
+  if (!token_->is_list()) throw std::logic_error("only the bytes of this value are kept");
+}
+
 std::string_view Node::string() const {
   require(Kind::string);
   return token_->text();
@@ -58,16 +66,17 @@ std::vector<std::string_view> Node::strings() const {
 }
 
 std::size_t Node::size() const {
-  require(Kind::array);
+  require_list(Kind::array);
   return token_->elements();
 }
 
 std::optional<Node> Node::find(std::string_view name) const {
-  require(Kind::object);
+  require_list(Kind::object);
+  std::optional<Node> found;
   for (const Token* at = token_ + 1; at != end(); at += 1 + (at + 1)->span()) {
-    if (at->text() == name) return Node(*document_, *(at + 1));
+    if (at->text() == name) found = Node(*document_, *(at + 1));
   }
-  return std::nullopt;
+  return found;
 }
 
 Node Node::at(std::string_view name) const {

@@ -16,7 +16,8 @@
 namespace json {
 
 // Every refusal is an InputError that names the value's place, what was expected there
-// and what was found. Borrows from the document.
+// and what was found. To look into an array or an object of which the rules of the document
+// keep the bytes alone is a std::logic_error. Borrows from the document.
 class Node {
  public:
   explicit Node(const Document& document) : Node(document, document.root()) {}
@@ -33,20 +34,25 @@ class Node {
   // member of an object, in order. Refuses a value of another kind.
   template <typename Visit>
   void for_each_element(Visit visit) const {
-    require(Kind::array);
+    require_list(Kind::array);
     for (const Token* at = token_ + 1; at != end(); at += at->span()) {
       visit(Node(*document_, *at));
     }
   }
   template <typename Visit>
   void for_each_member(Visit visit) const {
-    require(Kind::object);
+    require_list(Kind::object);
     for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span()) {
       visit(name->text(), Node(*document_, *(name + 1)));
     }
   }
 
-  // The member of that name of an object, and of one that must have it.
+  // The bytes of the value, as they stand in the document: of all but an array or an object
+  // that can be looked into. Borrows from the document.
+  [[nodiscard]] std::string_view spelling() const { return document_->spelling_of(*token_); }
+
+  // The member of that name of an object, the last one where the rules allow several, and of
+  // an object that must have it.
   [[nodiscard]] std::optional<Node> find(std::string_view name) const;
   [[nodiscard]] Node at(std::string_view name) const;
 
@@ -78,6 +84,7 @@ class Node {
   Node(const Document& document, const Token& token) : document_(&document), token_(&token) {}
 
   void require(Kind kind) const;
+  void require_list(Kind kind) const;
   [[nodiscard]] const Token* end() const { return token_ + token_->span(); }
   void append_json(std::string& json) const;
 
