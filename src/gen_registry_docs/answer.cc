@@ -2,13 +2,16 @@
 
 #include <fcntl.h>
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <cerrno>
+#include <string_view>
+#include <system_error>
 
 #include "gen_registry_docs/output.h"
+#include "json/document.h"
+#include "json/node.h"
 #include "mcp_client/client.h"
 #include "port/descriptor.h"
 #include "registry_docs/errors.h"
@@ -19,27 +22,40 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using PrettyWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
+using json::Kind;
+using json::Node;
+using rapidjson::SizeType;
+using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
 
-// Writes numbers as they were spelled.
-class Writer : public PrettyWriter {
- public:
-  using PrettyWriter::PrettyWriter;
+void put_string(Writer& writer, std::string_view text) {
+  writer.String(text.data(), static_cast<SizeType>(text.size()));
+}
 
-  bool RawNumber(const char* digits, rapidjson::SizeType size, bool /*copy*/) {
-    return RawValue(digits, size, rapidjson::kNumberType);
+void put(Writer& writer, const Node& value) {
+  if (value.kind() == Kind::object) {
+    writer.StartObject();
+    value.for_each_member([&writer](std::string_view name, const Node& member) {
+      put_string(writer, name);
+      put(writer, member);
+    });
+    writer.EndObject();
+  } else if (value.kind() == Kind::array) {
+    writer.StartArray();
+    value.for_each_element([&writer](const Node& element) { put(writer, element); });
+    writer.EndArray();
+  } else if (value.kind() == Kind::string) {
+    put_string(writer, value.string());
+  } else {
+    const std::string_view spelling = value.spelling();
+    writer.RawValue(spelling.data(), spelling.size(), rapidjson::kNumberType);
   }
-};
+}
 
 std::string pretty(const std::string& json) {
   rapidjson::StringBuffer text;
   Writer writer(text);
   writer.SetIndent(' ', 2);
-  rapidjson::Reader reader;
-  rapidjson::StringStream source(json.c_str());
-  const bool is_read =
-      !reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(source, writer).IsError();
-  if (!is_read) return json;  // it holds a number that this reader does not take
+  put(writer, Node(json::Document("the answer", json)));
   return std::string(text.GetString(), text.GetSize()) + "\n";
 }
 
