@@ -21,11 +21,15 @@ const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const 
   return *held;
 }
 
-std::string_view required_type(const std::optional<std::string_view>& type,
-                               const ToolSpec& tool, const PropertySchema& property) {
-  if (type) return *type;
+[[noreturn]] void refuse_lack_of_type(const ToolSpec& tool, const PropertySchema& property) {
   const std::string name(tool.name);
   throw MissingKeyError(name + ": the schema of " + std::string(property.name), "type");
+}
+
+std::string_view required_type(const std::optional<std::string_view>& type,
+                               const ToolSpec& tool, const PropertySchema& property) {
+  if (!type) refuse_lack_of_type(tool, property);
+  return *type;
 }
 
 void require_same_parameters(const ToolSpec& tool,
@@ -55,12 +59,9 @@ void append_default(std::string& to, const ParamSpec& param) {
 
 void append_type(std::string& to, const ToolSpec& tool, const PropertySchema& property) {
   const std::string_view type = required_type(property.type, tool, property);
-  if (type != "array" || !property.items) {
-    to += type;
-  } else {
-    to += required_type(property.items->type, tool, property);
-    to += "[]";
-  }
+  const bool is_list = type == "array" && property.items;
+  to += is_list ? required_type(property.items->type, tool, property) : type;
+  if (is_list) to += "[]";
 }
 
 void append_sentence(std::string& to, std::string_view description) {
