@@ -1,9 +1,9 @@
 // What a host project hands to the generator: its tools, their input schemas, its
 // routing tables and its rules text, bound once in a plain value. All texts are UTF-8.
 //
-// The texts of tools, parameters and schemas are views. They borrow from what lives as long
-// as the pointer to their record: a host keeps its declarations whole, copies none of them,
-// and shares each record as `std::shared_ptr<const ToolSpec>(declarations, &record)`.
+// The texts of the records are their own, wherever they come from. Only a host that keeps its
+// declarations whole, and shares its records with them, has the records borrow their texts,
+// with `Text::borrowed`.
 //
 // The generator reads a host and never changes it, and keeps nothing of it between
 // calls: a tool added to `Host::TOOLS` shows in the next rendering. What a host's
@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "registry_docs/text_value.h"
 #include "registry_docs/value.h"
 
 namespace registry_docs {
@@ -29,12 +30,12 @@ using ValueFormat = std::function<std::string(std::string_view)>;
 
 // One parameter of a tool.
 struct ParamSpec {
-  std::string_view name;     // snake_case, as the tool's input schema spells it
+  Text name;                 // snake_case, as the tool's input schema spells it
   bool required = false;     // the shortest command line names exactly the required ones
   Value default_value = {};  // null: the parameter has no default
   // Defaults that differ by action, in the order in which they are shown.
-  std::vector<std::pair<std::string_view, Value>> action_defaults = {};
-  std::vector<std::string_view> applies_to = {};  // action names; empty: every action
+  std::vector<std::pair<Text, Value>> action_defaults = {};
+  std::vector<Text> applies_to = {};  // action names; empty: every action
   // The text that names the accepted values, each written through the format. Left
   // unset, or returning the empty text: there are none to name.
   std::function<std::string(const ValueFormat&)> values_text = {};
@@ -42,26 +43,26 @@ struct ParamSpec {
 
 // One tool.
 struct ToolSpec {
-  std::string_view name;                            // snake_case, unique in the registry
-  std::string_view tier = {};                       // one of Host::TIERS
-  std::string_view summary = {};                    // what the tool is for, for table cells
-  std::string_view mcp_text = {};                   // what MCP sends an agent for this tool
-  std::vector<std::string_view> actions = {};       // empty exactly when `action_names` is
-  std::vector<std::string_view> action_names = {};  // in order of declaration
-  std::vector<ParamSpec> all_params = {};           // in the order of the schema's properties
+  Text name;                               // snake_case, unique in the registry
+  Text tier = {};                          // one of Host::TIERS
+  Text summary = {};                       // what the tool is for, for table cells
+  Text mcp_text = {};                      // what MCP sends an agent for this tool
+  std::vector<Text> actions = {};          // empty exactly when `action_names` is
+  std::vector<Text> action_names = {};     // in order of declaration
+  std::vector<ParamSpec> all_params = {};  // in the order of the schema's properties
 };
 
 // Whether an array's items have a declared type, and which.
 struct ItemsSchema {
-  std::optional<std::string_view> type = {};
+  std::optional<Text> type = {};
 };
 
 // The schema of one property. An unset `type` is a missing key.
 struct PropertySchema {
-  std::string_view name;
-  std::optional<std::string_view> type = {};
+  Text name;
+  std::optional<Text> type = {};
   std::optional<ItemsSchema> items = {};  // read only where `type` is "array"
-  std::string_view description = {};
+  Text description = {};
   Value minimum = {};  // null: no lower bound
   Value maximum = {};  // null: no upper bound
 };
@@ -70,7 +71,7 @@ struct PropertySchema {
 // there, if only empty; an unset one is a missing key.
 struct InputSchema {
   std::optional<std::vector<PropertySchema>> properties = {};  // in order, names distinct
-  std::optional<std::vector<std::string_view>> required = {};  // read as a set
+  std::optional<std::vector<Text>> required = {};              // read as a set
 };
 
 // What the blocks' texts call the host. Texts of one line that hold no marker.

@@ -50,10 +50,12 @@ bool Node::boolean() const {
   return token_->text() == "true";
 }
 
-std::vector<std::string_view> Node::strings() const {
-  std::vector<std::string_view> found;
+std::vector<registry_docs::Text> Node::strings() const {
+  std::vector<registry_docs::Text> found;
   found.reserve(size());
-  for_each_element([&](const Node& element) { found.push_back(element.string()); });
+  for_each_element([&](const Node& element) {
+    found.push_back(registry_docs::Text::borrowed(element.string()));
+  });
   return found;
 }
 

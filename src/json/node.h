@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "json/document.h"
+#include "registry_docs/text_value.h"
 #include "registry_docs/value.h"
 
 namespace json {
@@ -26,7 +27,7 @@ class Node {
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
   [[nodiscard]] bool boolean() const;
-  [[nodiscard]] std::vector<std::string_view> strings() const;
+  [[nodiscard]] std::vector<registry_docs::Text> strings() const;  // borrowed
   [[nodiscard]] std::size_t size() const;  // the number of an array's elements
 
   // Calls `visit` with each element of an array, or with the name and the value of each

@@ -15,13 +15,12 @@ using json_schema::SchemaReader;
 using json_schema::Shape;
 using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
+using registry_docs::Text;
 using registry_docs::ValueFormat;
 using tesmo_sorvet::Inputs;
 using tesmo_sorvet::read_limits;
 using tesmo_sorvet::read_value;
 using tesmo_sorvet::read_values;
-
-using Names = std::vector<std::string_view>;
 
 bool is_plain(const MaybeNode& type) {
   return type && type->kind() == Kind::string && json_schema::is_type_name(type->string());
@@ -30,20 +29,20 @@ bool is_plain(const MaybeNode& type) {
 // Of most properties one name says the type, or the items' type, and no text needs to be made.
 bool read_plain_type(const MaybeNode& type, const MaybeNode& items, PropertySchema& schema) {
   if (!is_plain(type)) return false;
-  schema.type = type->string();
+  schema.type = Text::borrowed(type->string());
   if (*schema.type != "array") return true;
   if (!items || items->kind() != Kind::object) return false;
   const auto [type_of_items, values] =
       items->find_each(std::array<std::string_view, 2>{"type", "enum"});
   if (values || !is_plain(type_of_items) || type_of_items->string() == "array") return false;
-  schema.items.emplace().type = type_of_items->string();
+  schema.items.emplace().type = Text::borrowed(type_of_items->string());
   return true;
 }
 
 void read_shape(const Node& declared, SchemaReader& reader, ParamSpec& param,
                 PropertySchema& schema) {
   const Shape shape = reader.read(declared);
-  schema.type = reader.type_text(declared, shape);
+  schema.type = Text::borrowed(reader.type_text(declared, shape));
   read_limits({shape.description, shape.minimum, shape.maximum}, schema);
   read_value(shape.default_value, param.default_value);
   if (!shape.values) return;
@@ -70,10 +69,14 @@ void read_property(const Node& declared, SchemaReader& reader, ParamSpec& param,
 }
 
 // The actions of a tool are the values of its parameter "action".
-Names actions_of(const Node& property, SchemaReader& reader) {
+std::vector<Text> actions_of(const Node& property, SchemaReader& reader) {
   const Shape shape = reader.read(property);
   if (!shape.values || shape.values->strings.size() != shape.values->all.size()) return {};
-  return shape.values->strings;
+  std::vector<Text> actions;
+  for (const std::string_view name : shape.values->strings) {
+    actions.push_back(Text::borrowed(name));
+  }
+  return actions;
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const 
   throw MissingKeyError(name + ": the schema of " + std::string(property.name), "type");
 }
 
-std::string_view required_type(const std::optional<std::string_view>& type,
-                               const ToolSpec& tool, const PropertySchema& property) {
+std::string_view required_type(const std::optional<Text>& type, const ToolSpec& tool,
+                               const PropertySchema& property) {
   if (!type) refuse_lack_of_type(tool, property);
   return *type;
 }
@@ -118,7 +118,8 @@ markdown::Table params_table(const Host& host, const ToolSpec& tool) {
 // Sorted.
 using Names = std::vector<std::string_view>;
 
-Names sorted(Names names) {
+Names sorted(const std::vector<Text>& texts) {
+  Names names(texts.begin(), texts.end());
   std::ranges::sort(names);
   return names;
 }
@@ -136,7 +137,7 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
     table.plain([&](std::string& to) { append_option(to, host, param); });
   }
   table.plain([&](std::string& to) { append_type(to, tool, property); })
-      .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
+      .plain(std::ranges::binary_search(required, std::string_view(param.name)) ? "Yes" : "No")
       .cell([&](std::string& to) { append_default(to, param); });
   if (!tool.actions.empty()) {
     table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
