@@ -74,7 +74,8 @@ struct InputSchema {
   std::optional<std::vector<Text>> required = {};              // read as a set
 };
 
-// What the blocks' texts call the host. Texts of one line that hold no marker.
+// What the blocks' texts call the host; unless it says so, the first host. Texts of one line
+// that hold no marker.
 struct Product {
   std::string name = "Tesmo Sorvet";
   std::string purpose = "code intelligence";
@@ -110,21 +111,24 @@ std::vector<FileDeclaration> default_files();
 using Facts = std::map<std::string, std::string, std::less<>>;
 
 // The bound host. An operation that is left unset throws std::bad_function_call from
-// the first renderer that needs it.
+// the first renderer that needs it. What an operation is handed lasts as long as the call.
+//
+// A host may be copied, moved and assigned. A table of generated files reads the host in the
+// place where it stood when the table was made, whatever stands there now.
 struct Host {
   // The tier names in documentation order; fixed once the host is bound.
-  const std::vector<std::string> TIERS = {};
+  std::vector<std::string> TIERS = {};
 
   Product PRODUCT = {};
 
   // The files that hold generated blocks, each once; the block names of one are distinct.
   std::vector<FileDeclaration> FILES = default_files();
 
-  // The tools in registry order. The records are shared, so that a table of generated
-  // files made before a change to this list keeps the tools it was made from.
+  // The tools in registry order, none of them null. The records are shared, so that a table
+  // of generated files made before a change to this list keeps the tools it was made from.
   std::vector<std::shared_ptr<const ToolSpec>> TOOLS = {};
 
-  // The input schema of the tool of this name; never null.
+  // The input schema of the tool of this name. Null is a missing key, "inputSchema".
   std::function<std::shared_ptr<const InputSchema>(std::string_view name)> get_cli_schema = {};
 
   // The form that the command line uses for a tool's or a parameter's name.

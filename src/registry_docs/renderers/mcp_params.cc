@@ -149,6 +149,7 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
 
 std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
   const std::shared_ptr<const InputSchema> schema = host.get_cli_schema(tool.name);
+  if (!schema) throw MissingKeyError(std::string(tool.name), "inputSchema");
   const auto& properties = required_key(schema->properties, tool, "properties");
   require_same_parameters(tool, properties);
   const Names required = sorted(required_key(schema->required, tool, "required"));

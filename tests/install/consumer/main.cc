@@ -29,7 +29,8 @@ Host host_of(const std::string& name) {
 }  // namespace
 
 int main(int, char** argv) {
-  const Host host = host_of("x");
+  Host host;
+  host = host_of("x");
   const bool is_right =
       readme_tools_block(host).ends_with("| **X_tier** | `x_tool` | `x_1` |  |") &&
       mcp_params_block(host, *host.TOOLS.front())
