@@ -1,6 +1,38 @@
 // What a host project hands to the generator: its tools, their input schemas, its
 // routing tables and its rules text, bound once in a plain value. All texts are UTF-8.
 //
+//     #include <registry_docs/registry_docs.h>
+//
+//     #include <cstdio>
+//
+//     using namespace registry_docs;
+//
+//     // Offers to read each of the tables.
+//     Host host_of(const std::vector<std::string>& tables) {
+//       Host host{.TIERS = {"core"}};
+//       host.PRODUCT = {.name = "Shelf", .purpose = "tables", .command = std::nullopt};
+//       host.FILES = {{.path = "README.md", .blocks = {"readme-tools", "params:*"}}};
+//       for (const std::string& table : tables) {
+//         host.TOOLS.push_back(std::make_shared<ToolSpec>(
+//             ToolSpec{.name = "read_" + table,
+//                      .tier = "core",
+//                      .summary = "Returns the rows of " + table,
+//                      .all_params = {{.name = "limit", .default_value = 100}}}));
+//       }
+//       const auto schema = std::make_shared<InputSchema>();
+//       schema->properties.emplace().push_back({.name = "limit", .type = "integer", .minimum = 1});
+//       schema->required.emplace();
+//       host.get_cli_schema = [schema](auto) { return schema; };
+//       return host;
+//     }
+//
+//     int main(int argc, char** argv) {
+//       const Host host = host_of({argv + 1, argv + argc});
+//       for (const GeneratedFile& file : generated_files(host)) {
+//         for (const auto& [name, render] : file.blocks) std::puts(render().c_str());
+//       }
+//     }
+//
 // The texts of the records are their own, wherever they come from. Only a host that keeps its
 // declarations whole, and shares its records with them, has the records borrow their texts,
 // with `Text::borrowed`.
