@@ -22,6 +22,7 @@ class Node {
   explicit Node(const Document& document) : Node(document, document.root()) {}
 
   [[nodiscard]] Kind kind() const { return token_->kind(); }
+  [[nodiscard]] const Token& token() const { return *token_; }
 
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
