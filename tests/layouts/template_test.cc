@@ -55,10 +55,11 @@ const Wrapper wrappers[] = {
 const Vocabulary vocabulary = {.filters = filters, .wrappers = wrappers};
 
 const std::map<std::string_view, const char*> partials = {
+    {"dot", "."},
     {"item", "{{name}}-{{name}}"},
     {"lines", "{{{text}}} {\n{{name}}\nfirst\n\nlast }\n"},
     {"outer", "( {{>lines}}\n  {{>lines}}\n)"},
-    {"values", "{{two_lines}}\n\n{{#pair}}x{{.}}\n{{/pair}}{{#yes}}x{{/yes}}"},
+    {"values", "{{two_lines}}\n\r\n\n{{#pair}}x{{.}}\n{{/pair}}x{{#yes}}.{{/yes}}\n{{! }}y"},
     {"fields", "{{#fields}}\n- {{name}}\n  {{>fields}}\n{{/fields}}\n"},
     {"quoted", "- {{two_lines | quoted}}"},
     {"forever", "{{>forever}}"},
@@ -66,13 +67,15 @@ const std::map<std::string_view, const char*> partials = {
     {"unknown", "\n{{unknown}}"},
 };
 
+void escape(std::string& to, std::string_view text) {
+  to += replaced(replaced(std::string(text), "<", "&lt;"), "-", "&minus;");
+}
+
 // What becomes of a template, or the message of its refusal.
 std::string rendered(const std::string& source, View root) {
   std::map<std::string_view, Template> parsed;
   const Environment environment{
-      .escape = [](std::string& to,
-                   std::string_view text) { to += replaced(std::string(text), "<", "&lt;"); },
-      .partial = [&](std::string_view name) -> const Template* {
+      .escape = escape, .partial = [&](std::string_view name) -> const Template* {
         const auto found = partials.find(name);
         if (found == partials.end()) return nullptr;
         return &parsed.try_emplace(name, std::string(name), found->second, vocabulary)
@@ -132,6 +135,9 @@ TEST(Template, RefusesToGoTooDeepOrOnForLong) {
   EXPECT_EQ(rendered(nested(1000), View::truth(true)), "x\n");
   EXPECT_EQ(rendered(nested(1001), View::truth(true)),
             "t:1: expected at most 1000 sections and partials within each other, found more");
+  std::string many;
+  for (int i = 0; i < 1001; ++i) many += "{{#.}}{{>dot}}{{/.}}";
+  EXPECT_EQ(rendered(many, View::truth(true)), std::string(1001, '.'));
   const std::string numbers = "{{#pair}}{{#pair}}{{.}}{{/pair}}{{/pair}}";
   const Template source("t", numbers, {});
   const View root = view_of(json::Node(document));

@@ -6,12 +6,12 @@
 namespace registry_docs::layouts {
 namespace {
 
-constexpr std::size_t most_columns = 200;
+constexpr std::size_t tab = 4;
+constexpr std::size_t most_columns = 50 * tab;  // which no tab goes beyond
 
 bool continues_a_code_point(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 std::size_t width_of(char c, std::size_t column) {
-  constexpr std::size_t tab = 4;
   if (c == '\t') return tab - column % tab;
   return continues_a_code_point(c) ? 0 : 1;
 }
@@ -32,7 +32,7 @@ std::size_t Column::at_end_of(std::string_view text) {
     if (column_ >= most_columns) break;
     column_ += width_of(c, column_);
   }
-  return std::min(column_, most_columns);
+  return column_;
 }
 
 std::string_view blanks(std::size_t column) {
