@@ -150,6 +150,31 @@ std::string openings_of_one_name(std::size_t count) {
   return repeated(count * marker.size(), marker);
 }
 
+std::string answer(std::size_t tools) {
+  constexpr std::string_view schema = R"({"type": "object", "required": ["path", "edits"],
+    "properties": {
+      "path": {"type": "string", "description": "The file to change, seen from the root"},
+      "dry_run": {"type": "boolean", "description": "Only show the changes", "default": false},
+      "mode": {"enum": ["strict", "fuzzy"], "description": "How a text is looked for"},
+      "limit": {"type": "integer", "minimum": 1, "maximum": 100, "description": "At most so many"},
+      "tags": {"type": "array", "items": {"type": "string"}, "description": "Marks to set"},
+      "note": {"anyOf": [{"type": "string"}, {"type": "null"}], "default": null},
+      "edits": {"type": "array", "items": {"type": "object", "required": ["old", "new"],
+        "properties": {"old": {"type": "string", "description": "What to find"},
+                       "new": {"type": "string", "description": "What to put there"}}}},
+      "range": {"type": "object", "additionalProperties": false,
+        "properties": {"first": {"type": "integer", "description": "The first line"},
+                       "last": {"type": "integer", "description": "The last line"}}}}})";
+  std::string text = R"({"tools": [)";
+  for (std::size_t i = 0; i < tools; ++i) {
+    if (i > 0) text += ", ";
+    text += R"({"name": "tool_)" + std::to_string(i) +
+            R"(", "description": "Change the lines of a file", "inputSchema": )";
+    text.append(schema) += "}";
+  }
+  return text + "]}";
+}
+
 void make_repository(const fs::path& root, std::size_t tools) {
   fs::copy(EXAMPLE, root, fs::copy_options::recursive);
   const fs::path registry = root / tesmo_sorvet::registry_path;

@@ -28,6 +28,10 @@ std::string near_markers(std::size_t size);
 std::string openings_of_many_names(std::size_t count);
 std::string openings_of_one_name(std::size_t count);
 
+// An answer to tools/list with so many tools. Each has eight parameters, of which two hold
+// others.
+std::string answer(std::size_t tools);
+
 // Lays out at `root` a repository of so many tools whose files are current: the example's,
 // with its tools over and over, each under a name of its own.
 void make_repository(const std::filesystem::path& root, std::size_t tools);

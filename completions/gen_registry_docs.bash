@@ -8,8 +8,9 @@ _gen_registry_docs_options() {
     *' --help '* | *' -h '* | *' --version '*) return ;;
     *' --check '*) options="--diff --format --color --quiet $sources" ;;
     *' --write '*) options="--exit-code --quiet $sources" ;;
-    *' --list '*) options=$sources ;;
-    *) options="--check --write --list --help --version $sources" ;;
+    *' --list '* | *' --print-model '*) options=$sources ;;
+    *' --print-layout '*) return ;;
+    *) options="--check --write --list --print-layout --print-model --help --version $sources" ;;
   esac
   for option in $options; do
     [[ $given == *" $option "* ]] || printf '%s\n' "$option"
@@ -28,6 +29,7 @@ _gen_registry_docs() {
     --root) wanted=(-d) ;;
     --registry | --tools | --save-tools) wanted=(-f) ;;
     --timeout) wanted=(-W '') ;;
+    --print-layout) wanted=(-W 'count list prompts reference resources tool tools') ;;
     --format) wanted=(-W 'text json github') ;;
     --color) wanted=(-W 'auto always never') ;;
     *) wanted=(-W "$(_gen_registry_docs_options "${COMP_WORDS[@]:1:COMP_CWORD-1}")") ;;

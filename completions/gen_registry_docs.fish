@@ -1,12 +1,14 @@
 # Completes the command line of gen_registry_docs in fish.
 
 set -l command complete -c gen_registry_docs
-set -l no_action 'not __fish_contains_opt -s h check write list help version'
+set -l no_action 'not __fish_contains_opt -s h check write list print-layout print-model help version'
 
 $command -f
 $command -n $no_action -l check -d 'Name the files that are not current; write nothing'
 $command -n $no_action -l write -d 'Rewrite the files that are not current'
 $command -n $no_action -l list -d 'Show every generated block'
+$command -n $no_action -l print-layout -x -a 'count list prompts reference resources tool tools' -d 'Print a layout'
+$command -n $no_action -l print-model -d 'Print what layouts see'
 $command -n $no_action -s h -l help -d 'Print a summary of the options'
 $command -n $no_action -l version -d 'Print the version'
 

@@ -14,8 +14,8 @@ void run(std::string_view input) {
                       "<!-- /registry:rules-routes -->'''");
   std::string text;
   try {
-    const Host host = registry::bind_host(directory.path(), registry);
-    for (const GeneratedFile& file : generated_files(host)) {
+    const auto bound = registry::bind(directory.path(), {.registry = registry});
+    for (const GeneratedFile& file : bound.files) {
       for (const auto& [name, renderer] : file.blocks) {
         try {
           text += renderer();

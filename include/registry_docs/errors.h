@@ -18,8 +18,8 @@ class ValueError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// A key that a tool's input schema must hold and does not. No value error: the check
-// passes it on.
+// A key that a tool's input schema must hold and does not, or "inputSchema", for a tool that
+// has none. No value error: the check passes it on.
 class MissingKeyError : public std::runtime_error {
  public:
   // `where` says what lacks the key and begins the message.

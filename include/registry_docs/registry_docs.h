@@ -58,10 +58,14 @@ std::string render_file(std::string_view text, const GeneratedFile& generated);
 // --- The repository's files ---
 
 // The files that hold generated blocks, with one parameter block per tool. The renderers
-// borrow `host`, which must outlive the table. Renders nothing. Throws ValueError for a
-// tool whose tier is none of the host's, and for a name that is no block's.
+// borrow `host`, which must outlive the table in its place. Renders nothing. Throws ValueError
+// for a tool whose tier is none of the host's, and for a name that is no block's.
 std::vector<GeneratedFile> generated_files(const Host& host);
 std::vector<GeneratedFile> generated_files(const Host&& host) = delete;
+
+// One such file, as it is declared.
+GeneratedFile generated_file(const Host& host, const FileDeclaration& declared);
+GeneratedFile generated_file(const Host&& host, const FileDeclaration& declared) = delete;
 
 // The check: one line, without a line feed, for each generated file under `root` whose
 // blocks differ from what the registry renders now, or for which a ValueError was raised
@@ -107,7 +111,7 @@ std::string mcp_cli_block(const Host& host);
 
 // docs/mcp-tools.md: one tool's actions and its parameter table. Throws ValueError when
 // the tool's schema and the registry name different parameters, and MissingKeyError when
-// the schema lacks a key.
+// the schema lacks a key or the host has no schema for the tool.
 std::string mcp_params_block(const Host& host, const ToolSpec& tool);
 
 // The skill: its tool reference, heading and table.

@@ -33,6 +33,9 @@ std::string excerpt(std::string_view text);
 // The excerpt between two quotes.
 std::string in_quotes(std::string_view text, char quote = '"');
 
+// The excerpt, made visible, between two single quotes: for bytes that another program wrote.
+std::string visible_in_quotes(std::string_view bytes);
+
 // The lines of a text, found from its beginning on, in one pass for all.
 class LineCounter {
  public:

@@ -2,15 +2,18 @@
 
 #include <fcntl.h>
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <string_view>
+#include <system_error>
 
 #include "gen_registry_docs/output.h"
+#include "json/document.h"
+#include "json/node.h"
 #include "mcp_client/client.h"
+#include "port/descriptor.h"
 #include "registry_docs/errors.h"
 #include "registry_docs/text.h"
 
@@ -19,27 +22,40 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using PrettyWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
+using json::Kind;
+using json::Node;
+using rapidjson::SizeType;
+using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
 
-// Writes numbers as they were spelled.
-class Writer : public PrettyWriter {
- public:
-  using PrettyWriter::PrettyWriter;
+void put_string(Writer& writer, std::string_view text) {
+  writer.String(text.data(), static_cast<SizeType>(text.size()));
+}
 
-  bool RawNumber(const char* digits, rapidjson::SizeType size, bool /*copy*/) {
-    return RawValue(digits, size, rapidjson::kNumberType);
+void put(Writer& writer, const Node& value) {
+  if (value.kind() == Kind::object) {
+    writer.StartObject();
+    value.for_each_member([&writer](std::string_view name, const Node& member) {
+      put_string(writer, name);
+      put(writer, member);
+    });
+    writer.EndObject();
+  } else if (value.kind() == Kind::array) {
+    writer.StartArray();
+    value.for_each_element([&writer](const Node& element) { put(writer, element); });
+    writer.EndArray();
+  } else if (value.kind() == Kind::string) {
+    put_string(writer, value.string());
+  } else {
+    const std::string_view spelling = value.spelling();
+    writer.RawValue(spelling.data(), spelling.size(), rapidjson::kNumberType);
   }
-};
+}
 
 std::string pretty(const std::string& json) {
   rapidjson::StringBuffer text;
   Writer writer(text);
   writer.SetIndent(' ', 2);
-  rapidjson::Reader reader;
-  rapidjson::StringStream source(json.c_str());
-  const bool is_read =
-      !reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(source, writer).IsError();
-  if (!is_read) return json;  // it holds a number that this reader does not take
+  put(writer, Node(json::Document("the answer", json)));
   return std::string(text.GetString(), text.GetSize()) + "\n";
 }
 
@@ -51,22 +67,21 @@ bool holds(const fs::path& path, const std::string& text) {
   }
 }
 
-// Writes all of it and has the disk keep it; tells whether that went well.
-bool write_whole(int file, std::string_view text) {
+// Makes the file, which must not be there, writes all of the text and has the disk keep it.
+// Returns the failure, if any.
+std::error_code write_new(const std::string& path, std::string_view text) {
+  constexpr mode_t mode = 0666;
+  constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+  port::Descriptor file(::open(path.c_str(), flags, mode));
+  if (!file.is_open()) return port::last_error();
   while (!text.empty()) {
-    const ssize_t count = ::write(file, text.data(), text.size());
+    const ssize_t count = ::write(file.number(), text.data(), text.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
+    if (count < 0) return port::last_error();
     text.remove_prefix(static_cast<std::size_t>(count));
   }
-  return ::fsync(file) == 0;
-}
-
-// Takes a failed file away again.
-[[noreturn]] void fail(const fs::path& path, const std::string& made) {
-  const std::error_code reason(errno, std::generic_category());
-  ::unlink(made.c_str());
-  throw registry_docs::FileError(path.string(), reason);
+  if (::fsync(file.number()) != 0) return port::last_error();
+  return file.close();
 }
 
 }  // namespace
@@ -91,13 +106,11 @@ void save(const std::string& json, const fs::path& path) {
   const fs::path real =
       fs::is_symlink(path, failure) ? fs::weakly_canonical(path, failure) : path;
   const std::string made = real.string() + "." + std::to_string(::getpid());
-  constexpr mode_t mode = 0666;
-  const int file = ::open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (file < 0)
-    throw registry_docs::FileError(path.string(), {errno, std::generic_category()});
-  const bool is_whole = write_whole(file, text);
-  if (::close(file) != 0 || !is_whole) fail(path, made);
-  if (::rename(made.c_str(), real.c_str()) != 0) fail(path, made);
+  failure = write_new(made, text);
+  if (!failure && ::rename(made.c_str(), real.c_str()) != 0) failure = port::last_error();
+  if (!failure) return;
+  ::unlink(made.c_str());
+  throw registry_docs::FileError(path.string(), failure);
 }
 
 }  // namespace gen_registry_docs

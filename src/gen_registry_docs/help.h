@@ -16,13 +16,13 @@ Makes every list of a tool server's tools from its registry.
   --write          bring the lists up to date, and print the files that changed
     --exit-code      end with 1 when there were any, so that a hook stops
   --list           show every list with its file, line and state
+  --print-layout NAME, --print-model   show a layout, and what layouts see
   --root DIR       the repository (default: the nearest, from here up)
   --registry FILE  the registry; "-" is standard input (default:
                    src/tesmo_sorvet/tool_registry.json, else registry-docs.json)
   --tools FILE     a saved answer to tools/list, in place of asking the server
     --save-tools FILE  write the answer down; --timeout SECONDS (default: 30)
-  --quiet          print nothing but errors
-  --help, --version
+  --quiet          print nothing but errors; --help; --version
 
 examples
   gen_registry_docs --check --diff                    # what is out of date, how

@@ -5,7 +5,7 @@
 
 #include "gen_registry_docs/output.h"
 #include "gen_registry_docs/run.h"
-#include "mcp_client/client.h"
+#include "mcp_client/server.h"
 
 int main(int argc, char** argv) {
   using gen_registry_docs::print_error;

@@ -16,9 +16,10 @@ struct ActionSwitch {
   std::string_view name;
   Action action;
 };
-constexpr std::array<ActionSwitch, 6> actions = {{{"--check", Action::check},
+constexpr std::array<ActionSwitch, 7> actions = {{{"--check", Action::check},
                                                   {"--write", Action::write},
                                                   {"--list", Action::list},
+                                                  {"--print-model", Action::print_model},
                                                   {"--help", Action::help},
                                                   {"-h", Action::help},
                                                   {"--version", Action::version}}};
@@ -33,6 +34,7 @@ constexpr std::array<FlagSwitch, 3> flags = {{{"--diff", &Options::diff},
 
 // The values as they are given.
 struct Given {
+  std::optional<std::string> print_layout = {};
   std::optional<std::string> root = {};
   std::optional<std::string> registry = {};
   std::optional<std::string> tools = {};
@@ -45,7 +47,9 @@ struct ValueSwitch {
   std::string_view name;
   std::optional<std::string> Given::*value;
 };
-constexpr std::array<ValueSwitch, 7> values = {{{"--root", &Given::root},
+constexpr std::string_view print_layout = "--print-layout";
+constexpr std::array<ValueSwitch, 8> values = {{{print_layout, &Given::print_layout},
+                                                {"--root", &Given::root},
                                                 {"--registry", &Given::registry},
                                                 {"--tools", &Given::tools},
                                                 {"--save-tools", &Given::save_tools},
@@ -151,6 +155,7 @@ UsageError unknown_option(std::string_view argument) {
 }
 
 std::string_view name_of(Action action) {
+  if (action == Action::print_layout) return print_layout;
   return std::ranges::find(actions, action, &ActionSwitch::action)->name;
 }
 
@@ -190,6 +195,7 @@ void take_action(Action found, std::optional<Action>& action) {
 
 // The options with the given values; the action and the flags are set already.
 Options with_values(Options options, const Given& given) {
+  options.layout = given.print_layout.value_or("");
   options.root = given.root;
   options.registry = given.registry;
   options.tools = given.tools;
@@ -221,6 +227,7 @@ Options parse_options(std::span<const char* const> arguments) {
       throw unknown_option(argument);
     }
   }
+  if (given.print_layout) take_action(Action::print_layout, action);
   if (!action) {
     throw UsageError(
         "gen_registry_docs: expected --check, --write or --list, found none; see "

@@ -16,7 +16,7 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class Action { check, write, list, help, version };
+enum class Action { check, write, list, print_model, print_layout, help, version };
 enum class Format { text, json, github };
 enum class Color { automatic, always, never };
 
@@ -27,6 +27,7 @@ struct Options {
   std::optional<std::string> tools = {};       // a saved answer, in place of asking the server
   std::optional<std::string> save_tools = {};  // where the answer is written down
   std::optional<std::chrono::milliseconds> timeout = {};  // for the server's answer
+  std::string layout = {};                                // whose text is printed
   bool diff = false;                  // of a check: show what a write would change
   std::optional<Format> format = {};  // of a check: of what it finds
   std::optional<Color> color = {};    // of a check: of the diff

@@ -1,5 +1,6 @@
 #include "gen_registry_docs/run.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <span>
@@ -8,14 +9,18 @@
 #include "gen_registry_docs/answer.h"
 #include "gen_registry_docs/check.h"
 #include "gen_registry_docs/formats/list.h"
-#include "gen_registry_docs/heap.h"
+#include "gen_registry_docs/formats/model.h"
 #include "gen_registry_docs/help.h"
 #include "gen_registry_docs/output.h"
 #include "gen_registry_docs/write.h"
+#include "port/heap.h"
 #include "registry/host.h"
+#include "registry_docs/catalog/model.h"
+#include "registry_docs/layouts/builtin.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
 #include "tesmo_sorvet/host.h"
+#include "text/join.h"
 
 namespace gen_registry_docs {
 namespace {
@@ -40,7 +45,9 @@ fs::path find_root() {
 // Binds the repository, and writes its server's answer down if that was asked for.
 registry::Bound bind(const fs::path& root, const Options& options) {
   std::string answer;
-  registry::Sources sources{.registry = options.registry, .tools = options.tools};
+  registry::Sources sources{.registry = options.registry,
+                            .tools = options.tools,
+                            .needs_model = options.action == Action::print_model};
   sources.ask = [&](const registry::Server& server) { return ask(server, root, options); };
   if (options.save_tools) sources.keep = [&answer](std::string_view json) { answer = json; };
   registry::Bound bound = registry::bind(root, sources);
@@ -58,11 +65,35 @@ int list(std::span<const registry_docs::GeneratedFile> files, const fs::path& ro
   return 0;
 }
 
+void print_model(const registry::Bound& bound) {
+  if (!bound.layouts) {
+    throw UsageError("--print-model: expected \"files\" in the registry, found none");
+  }
+  const registry_docs::catalog::Model model(bound.layouts->catalog(), {});
+  print(formats::model_json(model.view()));
+}
+
+// Prints a layout that comes with the program.
+int print_layout(const std::string& name) {
+  using registry_docs::layouts::BuiltinText;
+  const auto layouts = registry_docs::layouts::builtin_layouts();
+  const auto found = std::ranges::find(layouts, name, &BuiltinText::name);
+  if (found == layouts.end()) {
+    throw UsageError("--print-layout: expected one of " +
+                     text::join(layouts, ", ", &BuiltinText::name) + ", found '" + name + "'");
+  }
+  return print(found->text), 0;
+}
+
 int carry_out(const Options& options, std::string_view program) {
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
-  ready_heap(options.registry ? fs::path(*options.registry)
-                              : root / tesmo_sorvet::registry_path);
+  port::ready_heap(options.registry ? fs::path(*options.registry)
+                                    : root / tesmo_sorvet::registry_path);
   const registry::Bound bound = bind(root, options);
+  if (!options.quiet) {
+    for (const std::string& warning : bound.warnings) print_error(warning);
+  }
+  if (options.action == Action::print_model) return print_model(bound), 0;
   const auto& files = bound.files;
   const int status = options.action == Action::check   ? check(files, root, options, program)
                      : options.action == Action::write ? write(files, root, options, program)
@@ -76,6 +107,7 @@ int carry_out(const Options& options, std::string_view program) {
 
 int run(const Options& options, std::string_view program) {
   if (options.action == Action::help) return print(help_text), 0;
+  if (options.action == Action::print_layout) return print_layout(options.layout);
   if (options.action == Action::version) {
     return print("gen_registry_docs " REGISTRY_DOCS_VERSION "\n"), 0;
   }

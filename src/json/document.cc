@@ -1,5 +1,6 @@
 #include "json/document.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -15,7 +16,7 @@ constexpr std::size_t bytes_per_token = 16;
 
 }  // namespace
 
-Document::Document(std::string name, std::string json)
+Document::Document(std::string name, std::string json, Rules rules)
     : name_(std::move(name)), json_(std::move(json)) {
   if (const auto offset = registry_docs::find_ill_formed(json_)) {
     throw registry_docs::DecodeError(name_, *offset);
@@ -23,8 +24,32 @@ Document::Document(std::string name, std::string json)
   if (json_.size() > std::numeric_limits<std::uint32_t>::max()) {
     throw registry_docs::InputError(name_ + ": expected at most 4 GiB, found more");
   }
-  tokens_.reserve(json_.size() / bytes_per_token);
-  Scanner({name_, json_}, tokens_, decoded_).read();
+  if (rules == Rules::message) {
+    Scanner<Rules::message>({name_, json_}, tokens_, decoded_).read();
+  } else {
+    tokens_.reserve(json_.size() / bytes_per_token);
+    Scanner<Rules::registry>({name_, json_}, tokens_, decoded_).read();
+  }
+}
+
+std::string_view spelling_of(const Token& string, const std::deque<DecodedString>& decoded) {
+  const std::string_view text = string.text();
+  const auto found = std::ranges::find(
+      decoded, text.data(), [](const DecodedString& each) { return each.text.data(); });
+  return found == decoded.end() ? text : found->spelling;
+}
+
+std::string_view Document::spelling_of(const Token& token) const {
+  if (token.kind() != Kind::string) return token.text();
+  const std::string_view spelling = json::spelling_of(token, decoded_);
+  return {spelling.data() - 1, spelling.size() + 2};
+}
+
+std::string Document::take(std::string_view part) && {
+  const auto begin = static_cast<std::size_t>(part.data() - json_.data());
+  json_.resize(begin + part.size());
+  json_.erase(0, begin);
+  return std::move(json_);
 }
 
 std::string Document::place_of(const Token& token) const {

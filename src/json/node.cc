@@ -1,8 +1,10 @@
 #include "json/node.h"
+
+#include <stdexcept>
+
 #include "registry_docs/errors.h"
 
 namespace json {
-namespace {
 
 const char* kind_name(Kind kind) {
   switch (kind) {
@@ -23,6 +25,8 @@ const char* kind_name(Kind kind) {
   return "";
 }
 
+namespace {
+
 std::string message(const Document& document, const std::string& place,
                     const std::string& expected, const std::string& found) {
   return document.name() + ": " + (place.empty() ? "the document" : place) + ": expected " +
@@ -31,13 +35,21 @@ std::string message(const Document& document, const std::string& place,
 
 }  // namespace
 
+std::string Node::refusal(const std::string& expected, const std::string& found) const {
+  return message(*document_, document_->place_of(*token_), expected, found);
+}
+
 void Node::refuse(const std::string& expected, const std::string& found) const {
-  throw registry_docs::InputError(
-      message(*document_, document_->place_of(*token_), expected, found));
+  throw registry_docs::InputError(refusal(expected, found));
 }
 
 void Node::require(Kind kind) const {
   if (token_->kind() != kind) refuse(kind_name(kind), kind_name(token_->kind()));
+}
+
+void Node::require_list(Kind kind) const {
+  require(kind);
+  if (!token_->is_list()) throw std::logic_error("only the bytes of this value are kept");
 }
 
 std::string_view Node::string() const {
@@ -50,24 +62,27 @@ bool Node::boolean() const {
   return token_->text() == "true";
 }
 
-std::vector<std::string_view> Node::strings() const {
-  std::vector<std::string_view> found;
+std::vector<registry_docs::Text> Node::strings() const {
+  std::vector<registry_docs::Text> found;
   found.reserve(size());
-  for_each_element([&](const Node& element) { found.push_back(element.string()); });
+  for_each_element([&](const Node& element) {
+    found.push_back(registry_docs::Text::borrowed(element.string()));
+  });
   return found;
 }
 
 std::size_t Node::size() const {
-  require(Kind::array);
+  require_list(Kind::array);
   return token_->elements();
 }
 
 std::optional<Node> Node::find(std::string_view name) const {
-  require(Kind::object);
+  require_list(Kind::object);
+  std::optional<Node> found;
   for (const Token* at = token_ + 1; at != end(); at += 1 + (at + 1)->span()) {
-    if (at->text() == name) return Node(*document_, *(at + 1));
+    if (at->text() == name) found = Node(*document_, *(at + 1));
   }
-  return std::nullopt;
+  return found;
 }
 
 Node Node::at(std::string_view name) const {

@@ -11,42 +11,56 @@
 #include <vector>
 
 #include "json/document.h"
+#include "registry_docs/text_value.h"
 #include "registry_docs/value.h"
 
 namespace json {
 
+// As messages call it: "an array".
+const char* kind_name(Kind kind);
+
 // Every refusal is an InputError that names the value's place, what was expected there
-// and what was found. Borrows from the document.
+// and what was found. To look into an array or an object of which the rules of the document
+// keep the bytes alone is a std::logic_error. Borrows from the document.
 class Node {
  public:
   explicit Node(const Document& document) : Node(document, document.root()) {}
 
   [[nodiscard]] Kind kind() const { return token_->kind(); }
+  [[nodiscard]] const Token& token() const { return *token_; }
+
+  // Tells it from every other value.
+  [[nodiscard]] const void* address() const { return token_; }
 
   // Refuses a value of another kind.
   [[nodiscard]] std::string_view string() const;
   [[nodiscard]] bool boolean() const;
-  [[nodiscard]] std::vector<std::string_view> strings() const;
+  [[nodiscard]] std::vector<registry_docs::Text> strings() const;  // borrowed
   [[nodiscard]] std::size_t size() const;  // the number of an array's elements
 
   // Calls `visit` with each element of an array, or with the name and the value of each
   // member of an object, in order. Refuses a value of another kind.
   template <typename Visit>
   void for_each_element(Visit visit) const {
-    require(Kind::array);
+    require_list(Kind::array);
     for (const Token* at = token_ + 1; at != end(); at += at->span()) {
       visit(Node(*document_, *at));
     }
   }
   template <typename Visit>
   void for_each_member(Visit visit) const {
-    require(Kind::object);
+    require_list(Kind::object);
     for (const Token* name = token_ + 1; name != end(); name += 1 + (name + 1)->span()) {
       visit(name->text(), Node(*document_, *(name + 1)));
     }
   }
 
-  // The member of that name of an object, and of one that must have it.
+  // The bytes of the value, as they stand in the document: of all but an array or an object
+  // that can be looked into. Borrows from the document.
+  [[nodiscard]] std::string_view spelling() const { return document_->spelling_of(*token_); }
+
+  // The member of that name of an object, the last one where the rules allow several, and of
+  // an object that must have it.
   [[nodiscard]] std::optional<Node> find(std::string_view name) const;
   [[nodiscard]] Node at(std::string_view name) const;
 
@@ -64,6 +78,8 @@ class Node {
 
   // Any value; an object is kept as its compact JSON text.
   [[nodiscard]] registry_docs::Value value() const;
+  // Any value as compact JSON, its numbers as messages and lists spell them.
+  [[nodiscard]] std::string json() const;
   // A number or null.
   [[nodiscard]] registry_docs::Value bound() const;
 
@@ -71,13 +87,16 @@ class Node {
   [[noreturn]] void refuse_lack(std::string_view name,
                                 const std::string& found = "nothing") const;
 
-  // "expected EXPECTED, found FOUND", at this value's place.
+  // "NAME: PLACE: expected EXPECTED, found FOUND" of this value, and its refusal with that.
+  [[nodiscard]] std::string refusal(const std::string& expected,
+                                    const std::string& found) const;
   [[noreturn]] void refuse(const std::string& expected, const std::string& found) const;
 
  private:
   Node(const Document& document, const Token& token) : document_(&document), token_(&token) {}
 
   void require(Kind kind) const;
+  void require_list(Kind kind) const;
   [[nodiscard]] const Token* end() const { return token_ + token_->span(); }
   void append_json(std::string& json) const;
 

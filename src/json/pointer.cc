@@ -56,6 +56,12 @@ MaybeNode pointed_at(Node node, std::string_view pointer) {
   return node;
 }
 
+std::string last_name(std::string_view pointer) {
+  const std::size_t slash = pointer.rfind('/');
+  if (slash == std::string_view::npos) return {};
+  return without_tilde_escapes(pointer.substr(slash + 1));
+}
+
 std::string without_percent_escapes(std::string_view text) {
   std::string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {

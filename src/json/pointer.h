@@ -12,6 +12,9 @@ namespace json {
 // Where a JSON pointer ("/tools/0/name") leads from a node, if it leads anywhere.
 MaybeNode pointed_at(Node node, std::string_view pointer);
 
+// The last name in a JSON pointer; empty for the whole document.
+std::string last_name(std::string_view pointer);
+
 // The text of a URI's fragment, in which a pointer may stand.
 std::string without_percent_escapes(std::string_view text);
 

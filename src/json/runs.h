@@ -4,6 +4,8 @@
 #ifndef JSON_RUNS_H
 #define JSON_RUNS_H
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -17,10 +19,10 @@ constexpr EightBytes eight_of(unsigned char byte) { return ~EightBytes{0} / 0xFF
 
 // The first byte of them is the lowest of the number.
 inline EightBytes eight_bytes_at(const char* at) {
-  EightBytes bytes = 0;
-  std::memcpy(&bytes, at, sizeof bytes);
-  if constexpr (std::endian::native == std::endian::big) bytes = __builtin_bswap64(bytes);
-  return bytes;
+  std::array<char, sizeof(EightBytes)> bytes{};
+  std::memcpy(bytes.data(), at, bytes.size());
+  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
+  return std::bit_cast<EightBytes>(bytes);
 }
 
 // The index of the first byte that has a bit set. One must.

@@ -12,7 +12,7 @@
 namespace json {
 namespace {
 
-constexpr std::size_t deepest = 256;
+constexpr std::size_t deepest(Rules rules) { return rules == Rules::registry ? 256 : 1000; }
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
@@ -56,14 +56,19 @@ bool equal_names_adjoin(const Token* left, const Token* right) {
 
 }  // namespace
 
-void Scanner::read() {
+template <Rules rules>
+void Scanner<rules>::read() {
   const char* at = skip_blanks(source_.json.data());
-  if (*at == '\0') refuse_syntax(source_, at, "a JSON object");
+  const bool is_object = *at == '{';
+  if (*at == '\0' || (rules == Rules::message && !is_object)) {
+    refuse_syntax(source_, at, "a JSON object");
+  }
   at = skip_blanks(read_value(at));
   if (at != end_) refuse_syntax(source_, at, "nothing after the document");
 }
 
-const char* Scanner::read_value(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_value(const char* at) {
   switch (*at) {
     case '"':
       return read_string(at);
@@ -82,7 +87,8 @@ const char* Scanner::read_value(const char* at) {
   }
 }
 
-const char* Scanner::read_object(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_object(const char* at) {
   const std::size_t object = open(at, Kind::object);
   at = skip_blanks(at + 1);
   if (*at != '}') at = read_members(at, object);
@@ -90,12 +96,16 @@ const char* Scanner::read_object(const char* at) {
   return at + 1;
 }
 
-const char* Scanner::read_members(const char* at, std::size_t object) {
+template <Rules rules>
+const char* Scanner<rules>::read_members(const char* at, std::size_t object) {
   NameCheck names;
   for (;;) {
     at = read_name(at);
-    names.add(tokens_.back().text());
-    at = skip_blanks(read_value(at));
+    if constexpr (rules == Rules::registry) names.add(tokens_.back().text());
+    const char* const value = at;
+    at = read_value(value);
+    if constexpr (rules == Rules::message) add_bytes(value, at);
+    at = skip_blanks(at);
     if (*at != ',') break;
     at = skip_blanks(at + 1);
   }
@@ -105,14 +115,16 @@ const char* Scanner::read_members(const char* at, std::size_t object) {
 }
 
 // Ends at the member's value.
-const char* Scanner::read_name(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_name(const char* at) {
   if (*at != '"') refuse_syntax(source_, at, "a member's name between double quotes");
   at = skip_blanks(read_string(at));
   if (*at != ':') refuse_syntax(source_, at, "a colon after the member's name");
   return skip_blanks(at + 1);
 }
 
-const char* Scanner::read_array(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_array(const char* at) {
   const std::size_t array = open(at, Kind::array);
   at = skip_blanks(at + 1);
   std::size_t elements = 0;
@@ -121,7 +133,8 @@ const char* Scanner::read_array(const char* at) {
   return at + 1;
 }
 
-const char* Scanner::read_elements(const char* at, std::size_t& elements) {
+template <Rules rules>
+const char* Scanner<rules>::read_elements(const char* at, std::size_t& elements) {
   for (;;) {
     ++elements;
     at = skip_blanks(read_value(at));
@@ -132,39 +145,44 @@ const char* Scanner::read_elements(const char* at, std::size_t& elements) {
   return at;
 }
 
-const char* Scanner::read_string(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_string(const char* at) {
   const char* const begin = at + 1;
   const char* const end = plain_end(begin, end_);
   if (*end != '"') return read_escaped_string(begin, end);
-  tokens_.emplace_back(Kind::string, std::string_view(begin, end));
+  add(Kind::string, std::string_view(begin, end));
   return end + 1;
 }
 
 // The string's text begins at `begin`, and is plain up to `at`.
-const char* Scanner::read_escaped_string(const char* begin, const char* at) {
-  std::string text(begin, at);
+template <Rules rules>
+const char* Scanner<rules>::read_escaped_string(const char* begin, const char* at) {
+  const bool is_kept = keeps();
+  std::string text(begin, is_kept ? at : begin);
   bool is_well_formed = true;
   while (*at == '\\') {
     const auto [code_point, end] = read_escape(source_, at);
     if (is_surrogate(code_point)) {
       is_well_formed = false;
-    } else {
+    } else if (is_kept) {
       registry_docs::append_code_point(text, code_point);
     }
     at = plain_end(end, end_);
-    text.append(end, at);
+    if (is_kept) text.append(end, at);
   }
   if (*at == '\0') refuse_syntax(source_, at, "a double quote at the end of the string");
   if (*at != '"') refuse_syntax(source_, at, escape_or_character);
   if (!is_well_formed) {
     refuse(source_, begin, "expected a pair of surrogates, found one alone");
   }
-  decoded_.push_back({.source = begin, .text = std::move(text)});
+  if (!is_kept) return at + 1;
+  decoded_.push_back({.spelling = {begin, at}, .text = std::move(text)});
   tokens_.emplace_back(Kind::string, decoded_.back().text);
   return at + 1;
 }
 
-const char* Scanner::read_number(const char* at) {
+template <Rules rules>
+const char* Scanner<rules>::read_number(const char* at) {
   const char* const begin = at;
   Kind kind = Kind::integer;
   if (*at == '-') ++at;
@@ -180,46 +198,76 @@ const char* Scanner::read_number(const char* at) {
     at = skip_digits(at, "a digit in the exponent");
   }
   const std::string_view number(begin, at);
-  if (!can_be_held(kind, number)) refuse(source_, begin, number_refusal(kind, number));
-  tokens_.emplace_back(kind, number);
+  if (rules == Rules::registry && !can_be_held(kind, number)) {
+    refuse(source_, begin, number_refusal(kind, number));
+  }
+  add(kind, number);
   return at;
 }
 
-const char* Scanner::read_word(const char* at, std::string_view word, Kind kind) {
+template <Rules rules>
+const char* Scanner<rules>::read_word(const char* at, std::string_view word, Kind kind) {
   const char* const begin = at;
   for (const char c : word) {
     if (*at != c) refuse_syntax(source_, at, "a JSON value");
     ++at;
   }
-  tokens_.emplace_back(kind, std::string_view(begin, at));
+  add(kind, std::string_view(begin, at));
   return at;
 }
 
-const char* Scanner::skip_blanks(const char* at) const { return blanks_end(at, end_); }
+template <Rules rules>
+const char* Scanner<rules>::skip_blanks(const char* at) const {
+  return blanks_end(at, end_);
+}
 
 // One digit at least.
-const char* Scanner::skip_digits(const char* at, std::string_view expected) const {
+template <Rules rules>
+const char* Scanner<rules>::skip_digits(const char* at, std::string_view expected) const {
   if (!is_digit(*at)) refuse_syntax(source_, at, expected);
   while (is_digit(*at)) ++at;
   return at;
 }
 
-// Returns the index of the list's token, which `close` completes.
-std::size_t Scanner::open(const char* at, Kind kind) {
-  if (depth_ == deepest) {
-    refuse(source_, at, "expected at most 256 levels of nesting, found more");
+// Whether a value that stands here is kept; all others need but be in order.
+template <Rules rules>
+bool Scanner<rules>::keeps() const {
+  return rules == Rules::registry || depth_ <= 1;
+}
+
+template <Rules rules>
+void Scanner<rules>::add(Kind kind, std::string_view text) {
+  if (keeps()) tokens_.emplace_back(kind, text);
+}
+
+// Adds the value of a member of the document itself, if it is an array or an object.
+template <Rules rules>
+void Scanner<rules>::add_bytes(const char* begin, const char* end) {
+  if (*begin == '[') add(Kind::array, {begin, end});
+  if (*begin == '{') add(Kind::object, {begin, end});
+}
+
+// Returns the index of the list's token, if it is kept, which `close` completes.
+template <Rules rules>
+std::size_t Scanner<rules>::open(const char* at, Kind kind) {
+  constexpr std::size_t most = deepest(rules);
+  if (depth_ == most) {
+    refuse(source_, at,
+           "expected at most " + std::to_string(most) + " levels of nesting, found more");
   }
   ++depth_;
-  tokens_.emplace_back(kind, 0, 1);
+  if (keeps()) tokens_.emplace_back(kind, 0, 1);
   return tokens_.size() - 1;
 }
 
-void Scanner::close(std::size_t list, std::size_t elements) {
+template <Rules rules>
+void Scanner<rules>::close(std::size_t list, std::size_t elements) {
+  if (keeps()) tokens_[list] = {tokens_[list].kind(), elements, tokens_.size() - list};
   --depth_;
-  tokens_[list] = {tokens_[list].kind(), elements, tokens_.size() - list};
 }
 
-void Scanner::require_distinct_names(std::size_t object) const {
+template <Rules rules>
+void Scanner<rules>::require_distinct_names(std::size_t object) const {
   std::vector<const Token*> names;
   const Token* const end = tokens_.data() + tokens_.size();
   for (const Token* at = &tokens_[object] + 1; at != end; at += 1 + (at + 1)->span()) {
@@ -232,17 +280,12 @@ void Scanner::require_distinct_names(std::size_t object) const {
     if (again == nullptr || names[i] < again) again = names[i];
   }
   if (again == nullptr) return;
-  refuse(source_, place_of(*again),
+  refuse(source_, spelling_of(*again, decoded_).data(),
          "expected each member once, found " + registry_docs::in_quotes(again->text()) +
              " a second time");
 }
 
-// Where a string's text begins in the source.
-const char* Scanner::place_of(const Token& string) const {
-  const char* const text = string.text().data();
-  const auto found =
-      std::ranges::find(decoded_, text, [](const auto& each) { return each.text.data(); });
-  return found == decoded_.end() ? text : found->source;
-}
+template class Scanner<Rules::registry>;
+template class Scanner<Rules::message>;
 
 }  // namespace json

@@ -13,8 +13,10 @@
 
 namespace json {
 
-// Reads the source in one pass, and adds its values to the tokens, which borrow from it and
-// from the strings that were decoded.
+// Reads the source in one pass, and adds the values that are kept to the tokens, which borrow
+// from it and from the strings that were decoded. A class for each set of rules, so that none
+// pays for what another asks.
+template <Rules rules>
 class Scanner {
  public:
   // All must outlive this, the source's own strings too.
@@ -24,7 +26,7 @@ class Scanner {
         tokens_(tokens),
         decoded_(decoded) {}
 
-  // Throws InputError for all that makes no Document.
+  // Throws InputError for all that makes no Document of these rules.
   void read();
 
  private:
@@ -43,10 +45,12 @@ class Scanner {
 
   [[nodiscard]] const char* skip_blanks(const char* at) const;
   [[nodiscard]] const char* skip_digits(const char* at, std::string_view expected) const;
+  [[nodiscard]] bool keeps() const;
+  void add(Kind kind, std::string_view text);
+  void add_bytes(const char* begin, const char* end);
   std::size_t open(const char* at, Kind kind);
   void close(std::size_t list, std::size_t elements);
   void require_distinct_names(std::size_t object) const;
-  [[nodiscard]] const char* place_of(const Token& string) const;
 
   Source source_;
   const char* end_;

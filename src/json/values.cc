@@ -67,6 +67,10 @@ registry_docs::Value Node::value() const {
     case Kind::object:
       break;
   }
+  return json();
+}
+
+std::string Node::json() const {
   std::string json;
   append_json(json);
   return json;

@@ -1,79 +1,82 @@
 #include "mcp_client/client.h"
 
+#include <algorithm>
+#include <array>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "mcp_client/conversation.h"
-#include "mcp_client/excerpt.h"
-#include "mcp_client/members.h"
+#include "mcp_client/message.h"
+#include "registry_docs/text.h"
 
 namespace mcp_client {
 namespace {
 
+using json::MaybeNode;
+using registry_docs::visible_in_quotes;
+
 constexpr const char* list_method = "tools/list";
 
-// Members of an object that was read before.
-Members read(std::string_view object) { return members_of(object).value(); }
-
 void greet(Conversation& conversation) {
-  std::string answer;
   conversation.request("initialize",
                        R"({"protocolVersion":"2025-11-25","capabilities":{},"clientInfo":)"
                        R"({"name":"gen_registry_docs","version":")" REGISTRY_DOCS_VERSION
-                       R"("}})",
-                       answer);
+                       R"("}})");
   conversation.notify("notifications/initialized");
 }
 
-// Appends the tools of a page. The first one is not copied, for it may be large.
-void append(std::string& all, std::string& page, std::string_view tools) {
-  const auto begin = static_cast<std::size_t>(tools.data() - page.data());
-  const std::size_t end = begin + tools.size();
-  if (all.empty()) {
-    page.resize(end);
-    all = std::move(page.replace(0, begin, R"({"tools":[)"));
-  } else if (!tools.empty()) {
-    if (!all.ends_with('[')) all += ',';
-    all += tools;
-  }
-}
-
-// The texts between the brackets.
-std::string_view elements_of(std::string_view tools, Conversation& conversation) {
-  if (!tools.starts_with('[')) {
+// The bytes between the brackets, without the white space around them.
+std::string_view elements_of(const MaybeNode& tools, Conversation& conversation) {
+  if (!tools || tools->kind() != json::Kind::array) {
     conversation.fail(std::string("an array of tools in the answer to ") + list_method,
-                      tools.empty() ? "none" : in_quotes(tools));
+                      tools ? visible_in_quotes(tools->spelling()) : "none");
   }
-  return trimmed(tools.substr(1, tools.size() - 2));
+  constexpr std::string_view around = " \t\r\n";
+  std::string_view elements = tools->spelling();
+  elements = elements.substr(1, elements.size() - 2);
+  elements.remove_prefix(std::min(elements.find_first_not_of(around), elements.size()));
+  return elements.substr(0, elements.find_last_not_of(around) + 1);
 }
 
 // Where the next page begins, as JSON; empty behind the last one.
-std::string next_cursor(const Members& result, std::set<std::string>& seen,
-                        Conversation& conversation) {
-  std::string cursor(result["nextCursor"]);
+std::string cursor_in(const MaybeNode& next_cursor, std::set<std::string>& seen,
+                      Conversation& conversation) {
+  if (!next_cursor) return {};
+  std::string cursor(next_cursor->spelling());
   const std::string place = std::string("nextCursor in the answer to ") + list_method;
-  if (cursor.empty() || cursor == "null") return {};
-  if (!cursor.starts_with('"')) conversation.fail("a string as " + place, in_quotes(cursor));
+  if (next_cursor->kind() != json::Kind::string) {
+    conversation.fail("a string as " + place, visible_in_quotes(cursor));
+  }
   if (!seen.insert(cursor).second) {
-    conversation.fail("another " + place, in_quotes(cursor) + " again");
+    conversation.fail("another " + place, visible_in_quotes(cursor) + " again");
   }
   return cursor;
 }
 
+void append(std::string& all, std::string elements) {
+  if (all.empty()) {
+    all = std::move(elements);
+  } else if (!elements.empty()) {
+    all += "," + elements;
+  }
+}
+
 std::string all_tools(Conversation& conversation) {
+  constexpr std::array<std::string_view, 2> names = {"tools", "nextCursor"};
   std::string all;
   std::string cursor;
   std::set<std::string> seen;
   do {
-    std::string page;
     const std::string params = cursor.empty() ? "{}" : R"({"cursor":)" + cursor + "}";
-    const Members result = read(conversation.request(list_method, params, page));
-    const std::string_view elements = elements_of(result["tools"], conversation);
-    cursor = next_cursor(result, seen, conversation);
-    append(all, page, elements);
+    json::Document result(list_method, conversation.request(list_method, params),
+                          json::Rules::message);
+    const auto [tools, next_cursor] = members_of(result, names);
+    const std::string_view elements = elements_of(tools, conversation);
+    cursor = cursor_in(next_cursor, seen, conversation);
+    append(all, std::move(result).take(elements));
   } while (!cursor.empty());
-  all += "]}";
-  return all;
+  return R"({"tools":[)" + std::move(all) + "]}";
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
 #include "mcp_client/connection.h"
 
 #include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <limits>
+#include <system_error>
 
 namespace mcp_client {
 namespace {
@@ -82,7 +85,7 @@ void Connection::exchange(Clock::time_point until) {
 }
 
 // What can be read now. Closes the file at its end. Borrows from the room.
-std::string_view Connection::read(Descriptor& file) {
+std::string_view Connection::read(port::Descriptor& file) {
   const ssize_t count = ::read(file.number(), room_.data(), room_.size());
   if (count > 0) return {room_.data(), static_cast<std::size_t>(count)};
   if (count == 0 || (errno != EAGAIN && errno != EINTR)) file.close();

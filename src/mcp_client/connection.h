@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "mcp_client/client.h"
 #include "mcp_client/line_buffer.h"
 #include "mcp_client/process.h"
+#include "mcp_client/server.h"
 #include "mcp_client/signals.h"
 
 namespace mcp_client {
@@ -44,7 +44,7 @@ class Connection {
  private:
   void exchange(Clock::time_point until);
   bool ends_within(std::chrono::milliseconds patience, int interruption);
-  std::string_view read(Descriptor& file);
+  std::string_view read(port::Descriptor& file);
   void read_errors();
   void write();
 

@@ -1,14 +1,23 @@
 #include "mcp_client/conversation.h"
 
 #include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
 
-#include "mcp_client/excerpt.h"
-#include "mcp_client/members.h"
+#include "mcp_client/message.h"
 #include "registry_docs/text.h"
 
 namespace mcp_client {
 namespace {
 
+using json::Document;
+using json::Kind;
+using json::MaybeNode;
+using json::Node;
+using json::Rules;
+using registry_docs::visible_in_quotes;
 using std::chrono::milliseconds;
 
 // How long a server may take to end by itself.
@@ -35,10 +44,18 @@ std::string quoted_lines(std::string_view text) {
   return lines;
 }
 
-std::string error_in(std::string_view error) {
-  const auto members = members_of(error);
-  const auto text = members ? characters_of((*members)["message"]) : std::nullopt;
-  return "the error " + in_quotes(text ? std::string_view(*text) : error);
+// The text of an error's member "message", or all of another error.
+std::string error_in(const Node& error) {
+  const std::string_view json = error.spelling();
+  if (error.kind() != Kind::object) return "the error " + visible_in_quotes(json);
+  const Document object("error", std::string(json), Rules::message);
+  const MaybeNode text = Node(object).find("message");
+  const bool is_told = text && text->kind() == Kind::string;
+  return "the error " + visible_in_quotes(is_told ? text->string() : json);
+}
+
+bool is_blank(std::string_view line) {
+  return line.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
 }  // namespace
@@ -49,15 +66,13 @@ Conversation::Conversation(const Server& server, const Settings& settings)
       start_(Clock::now()),
       connection_(server) {}
 
-std::string_view Conversation::request(const std::string& method, const std::string& params,
-                                       std::string& answer) {
+std::string Conversation::request(const std::string& method, const std::string& params) {
   const std::string awaited = "answer to " + method;
   id_ = std::to_string(++requests_);
   connection_.send(R"({"jsonrpc":"2.0","id":)" + id_ + R"(,"method":")" + method +
                    R"(","params":)" + params + "}");
   for (;;) {
-    answer = next_message(awaited);
-    if (const auto result = result_in(answer, awaited)) return *result;
+    if (auto result = result_in(next_message(awaited), awaited)) return *std::move(result);
   }
 }
 
@@ -73,7 +88,7 @@ std::string Conversation::next_message(const std::string& awaited) {
     std::string line;
     const Event event = next_line(line, awaited);
     if (event != Event::line) fail_without_answer(awaited, event);
-    if (!trimmed(line).empty()) return line;
+    if (!is_blank(line)) return line;
   }
 }
 
@@ -88,40 +103,50 @@ Event Conversation::next_line(std::string& line, const std::string& awaited) {
   return connection_.next(line, last);
 }
 
-// The result of the request at hand; nothing in a line that is not its answer.
-std::optional<std::string_view> Conversation::result_in(std::string_view line,
-                                                        const std::string& awaited) {
-  const auto message = members_of(trimmed(line));
-  if (!message) {
+// Nothing, after a warning, for a line that is none.
+std::unique_ptr<Document> Conversation::message_in(std::string line) const {
+  const std::string shown = visible_in_quotes(line);
+  try {
+    return std::make_unique<Document>(name_, std::move(line), Rules::message);
+  } catch (const std::runtime_error&) {  // whether it is no UTF-8, no JSON or no object
     if (settings_->warn) {
-      settings_->warn(name_ + ": expected a JSON-RPC message in every line, found " +
-                      in_quotes(line));
+      settings_->warn(name_ + ": expected a JSON-RPC message in every line, found " + shown);
     }
-    return std::nullopt;
+    return nullptr;
   }
-  const std::string_view id = (*message)["id"];
-  const std::string_view error = (*message)["error"];
-  const std::string_view result = (*message)["result"];
-  if (const auto method = (*message)["method"]; !method.empty()) {
-    respond(method, id);
+}
+
+// The result of the request at hand; nothing in a line that is not its answer.
+std::optional<std::string> Conversation::result_in(std::string line,
+                                                   const std::string& awaited) {
+  constexpr std::array<std::string_view, 4> names = {"method", "id", "error", "result"};
+  const auto message = message_in(std::move(line));
+  if (!message) return std::nullopt;
+  const auto [method, id, error, result] = members_of(*message, names);
+  if (method) {
+    respond(*method, id);
     return std::nullopt;
   }
   // Of an error without an id the server cannot say to what it is the answer.
-  const bool is_answer = id == id_ || (id.empty() && !error.empty());
+  const bool is_answer = id ? id->spelling() == id_ : error.has_value();
   if (!is_answer) return std::nullopt;
-  if (!error.empty()) fail("an " + awaited, error_in(error));
-  if (result.empty()) fail("a result in the " + awaited, "none");
-  if (!result.starts_with('{')) fail("an object as the " + awaited, in_quotes(result));
-  return result;
+  if (error) fail("an " + awaited, error_in(*error));
+  if (!result) fail("a result in the " + awaited, "none");
+  const std::string_view json = result->spelling();
+  if (result->kind() != Kind::object) {
+    fail("an object as the " + awaited, visible_in_quotes(json));
+  }
+  return std::move(*message).take(json);
 }
 
 // Answers a request of the server. A notification has no id.
-void Conversation::respond(std::string_view method, std::string_view id) {
-  if (id.empty()) return;
-  const std::string outcome = characters_of(method) == "ping"
-                                  ? R"("result":{})"
-                                  : R"("error":{"code":-32601,"message":"Method not found"})";
-  connection_.send(R"({"jsonrpc":"2.0","id":)" + std::string(id) + "," + outcome + "}");
+void Conversation::respond(const Node& method, const MaybeNode& id) {
+  if (!id) return;
+  const bool is_ping = method.kind() == Kind::string && method.string() == "ping";
+  const std::string outcome =
+      is_ping ? R"("result":{})" : R"("error":{"code":-32601,"message":"Method not found"})";
+  connection_.send(R"({"jsonrpc":"2.0","id":)" + std::string(id->spelling()) + "," + outcome +
+                   "}");
 }
 
 void Conversation::fail_without_answer(const std::string& awaited, Event event) {

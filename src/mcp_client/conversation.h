@@ -2,13 +2,14 @@
 #ifndef MCP_CLIENT_CONVERSATION_H
 #define MCP_CLIENT_CONVERSATION_H
 
-#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
-#include "mcp_client/client.h"
+#include "json/document.h"
+#include "json/node.h"
 #include "mcp_client/connection.h"
+#include "mcp_client/server.h"
 
 namespace mcp_client {
 
@@ -17,10 +18,9 @@ class Conversation {
   // Starts the server. Borrows both.
   Conversation(const Server& server, const Settings& settings);
 
-  // Awaits the answer and puts it into `answer`. Returns the object that is its result, which
-  // borrows from `answer`. `params` is JSON.
-  std::string_view request(const std::string& method, const std::string& params,
-                           std::string& answer);
+  // Awaits the answer. Returns the object that is its result, as the bytes of the server.
+  // `params` is JSON.
+  std::string request(const std::string& method, const std::string& params);
 
   void notify(const std::string& method);
 
@@ -33,8 +33,9 @@ class Conversation {
  private:
   std::string next_message(const std::string& awaited);
   Event next_line(std::string& line, const std::string& awaited);
-  std::optional<std::string_view> result_in(std::string_view line, const std::string& awaited);
-  void respond(std::string_view method, std::string_view id);
+  std::unique_ptr<json::Document> message_in(std::string line) const;
+  std::optional<std::string> result_in(std::string line, const std::string& awaited);
+  void respond(const json::Node& method, const json::MaybeNode& id);
   [[noreturn]] void fail_without_answer(const std::string& awaited, Event event);
 
   const Settings* settings_;

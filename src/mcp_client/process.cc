@@ -2,41 +2,82 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <string_view>
 #include <vector>
 
-#include "mcp_client/command.h"
+#include "port/pipe.h"
+#include "port/spawn.h"
 #include "registry_docs/text.h"
 
 namespace mcp_client {
 namespace {
 
-struct Pipe {
-  Descriptor reading;
-  Descriptor writing;
-};
+using port::Descriptor;
+using Variables = std::vector<std::string>;
 
-// The same file under a number that is none of the standard ones, which a program may have
-// been started without.
-Descriptor above_standard(const Descriptor& file) {
-  const int number = ::fcntl(file.number(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-  return Descriptor(require(number, "fcntl"));
+void set(Variables& variables, const std::string& name, const std::string& value) {
+  const auto is_old = [&](const std::string& line) { return line.starts_with(name + "="); };
+  std::erase_if(variables, is_old);
+  variables.push_back(name + "=" + value);
 }
 
-Pipe make_pipe() {
-  std::array<int, 2> numbers{};
-  require(::pipe2(numbers.data(), O_CLOEXEC), "pipe2");
-  const Descriptor reading(numbers[0]);
-  const Descriptor writing(numbers[1]);
-  return {above_standard(reading), above_standard(writing)};
+Variables variables_of(const Server& server) {
+  Variables variables = port::variables();
+  for (const auto& [name, value] : server.env) set(variables, name, value);
+  return variables;
+}
+
+std::string search_path(const Variables& variables) {
+  constexpr std::string_view name = "PATH=";
+  for (const std::string& line : variables) {
+    if (line.starts_with(name)) return line.substr(name.size());
+  }
+  return "/usr/local/bin:/usr/bin:/bin";
+}
+
+bool is_program(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+         ::access(path.c_str(), X_OK) == 0;
+}
+
+// The first program of that name, or an empty path, which the system does not find either.
+std::string find(const std::string& command, const std::string& directories) {
+  for (std::size_t begin = 0; begin <= directories.size();) {
+    const std::size_t end = std::min(directories.find(':', begin), directories.size());
+    const std::string directory = directories.substr(begin, end - begin);
+    std::string path = (directory.empty() ? "." : directory) + "/" + command;
+    if (is_program(path)) return path;
+    begin = end + 1;
+  }
+  return "";
+}
+
+// A server's command, as the system takes it.
+struct Command {
+  std::string path;  // the command's own, or what the server's PATH leads to; empty if nothing
+  std::vector<std::string> arguments;
+  Variables environment;
+};
+
+Command command_of(const Server& server) {
+  Command command{server.command, {server.command}, variables_of(server)};
+  command.arguments.insert(command.arguments.end(), server.args.begin(), server.args.end());
+  if (server.command.find('/') == std::string::npos) {
+    command.path = find(server.command, search_path(command.environment));
+  }
+  return command;
 }
 
 Descriptor without_blocking(Descriptor file) {
-  require(::fcntl(file.number(), F_SETFL, O_NONBLOCK), "fcntl");
+  port::require(::fcntl(file.number(), F_SETFL, O_NONBLOCK), "fcntl");
   return file;
 }
 
@@ -60,9 +101,7 @@ class Preparation {
   void use(const Descriptor& file, int number) {
     ::posix_spawn_file_actions_adddup2(&actions_, file.number(), number);
   }
-  void enter(const std::string& directory) {
-    ::posix_spawn_file_actions_addchdir_np(&actions_, directory.c_str());
-  }
+  void enter(const std::string& directory) { port::add_directory(actions_, directory); }
   // Returns the number of the failure, if any.
   int start(Command& command, pid_t& id) const;
 
@@ -94,17 +133,19 @@ int Preparation::start(Command& command, pid_t& id) const {
 // The system does not say whether it was the program or its directory that failed.
 void require_directory(const Server& server) {
   if (!server.cwd) return;
-  const std::string expected = "to start in " + registry_docs::visible(*server.cwd);
-  const Descriptor directory(::open(server.cwd->c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  if (!directory.is_open()) refuse(server, expected, errno);
+  struct stat status {};
+  const bool is_there = ::stat(server.cwd->c_str(), &status) == 0;
+  if (is_there && S_ISDIR(status.st_mode)) return;
+  refuse(server, "to start in " + registry_docs::visible(*server.cwd),
+         is_there ? ENOTDIR : errno);
 }
 
 }  // namespace
 
 Process::Process(const Server& server, const sigset_t& mask) {
-  Pipe in = make_pipe();
-  Pipe out = make_pipe();
-  Pipe error = make_pipe();
+  port::Pipe in = port::make_pipe();
+  port::Pipe out = port::make_pipe();
+  port::Pipe error = port::make_pipe();
   input = without_blocking(std::move(in.writing));
   output = without_blocking(std::move(out.reading));
   errors = without_blocking(std::move(error.reading));

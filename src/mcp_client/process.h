@@ -7,8 +7,8 @@
 #include <csignal>
 #include <string>
 
-#include "mcp_client/client.h"
-#include "mcp_client/descriptor.h"
+#include "mcp_client/server.h"
+#include "port/descriptor.h"
 
 namespace mcp_client {
 
@@ -21,9 +21,9 @@ class Process {
   Process& operator=(const Process&) = delete;
 
   // The other ends of its standard input, output and error; none of them blocks.
-  Descriptor input;
-  Descriptor output;
-  Descriptor errors;
+  port::Descriptor input;
+  port::Descriptor output;
+  port::Descriptor errors;
 
   // Whether the first process has ended.
   [[nodiscard]] bool has_exited() const noexcept;

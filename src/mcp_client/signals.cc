@@ -1,8 +1,6 @@
 #include "mcp_client/signals.h"
 
-#include <sys/signalfd.h>
-
-#include <ctime>
+#include "port/signals.h"
 
 namespace mcp_client {
 namespace {
@@ -29,17 +27,13 @@ sigset_t only(int signal) {
   return signals;
 }
 
-Descriptor file_of(const sigset_t& signals) {
-  return Descriptor(require(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK), "signalfd"));
-}
-
 }  // namespace
 
 SignalsHeld::SignalsHeld() {
   ::pthread_sigmask(SIG_SETMASK, nullptr, &mask_before_);
   sigset_t held = signals_to_end(mask_before_);
-  pending_ = file_of(held);
-  child_end_ = file_of(only(SIGCHLD));
+  pending_ = port::signal_file(held);
+  child_end_ = port::signal_file(only(SIGCHLD));
   ::sigaddset(&held, SIGPIPE);
   ::sigaddset(&held, SIGCHLD);
   ::pthread_sigmask(SIG_BLOCK, &held, nullptr);
@@ -51,18 +45,11 @@ SignalsHeld::SignalsHeld() {
 }
 
 SignalsHeld::~SignalsHeld() {
-  const sigset_t broken_pipe = only(SIGPIPE);
-  const timespec no_time{};
-  if (::sigismember(&mask_before_, SIGPIPE) == 0) {
-    ::sigtimedwait(&broken_pipe, nullptr, &no_time);
-  }
+  if (::sigismember(&mask_before_, SIGPIPE) == 0) port::take_signal(SIGPIPE);
   ::sigaction(SIGCHLD, &child_before_, nullptr);
   ::pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
 }
 
-void SignalsHeld::forget_child_end() const noexcept {
-  signalfd_siginfo signal{};
-  [[maybe_unused]] const ssize_t size = ::read(child_end_.number(), &signal, sizeof signal);
-}
+void SignalsHeld::forget_child_end() const noexcept { port::take_signal(child_end_); }
 
 }  // namespace mcp_client

@@ -4,7 +4,7 @@
 
 #include <csignal>
 
-#include "mcp_client/descriptor.h"
+#include "port/descriptor.h"
 
 namespace mcp_client {
 
@@ -29,8 +29,8 @@ class SignalsHeld {
  private:
   sigset_t mask_before_{};
   struct sigaction child_before_ {};
-  Descriptor pending_;
-  Descriptor child_end_;
+  port::Descriptor pending_;
+  port::Descriptor child_end_;
 };
 
 }  // namespace mcp_client

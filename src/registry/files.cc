@@ -2,33 +2,36 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <iterator>
 #include <set>
+#include <string_view>
+#include <variant>
 
+#include "registry/members.h"
+#include "registry_docs/layouts/builtin.h"
+#include "registry_docs/markers.h"
 #include "registry_docs/text.h"
+#include "registry_docs/value.h"
+#include "text/join.h"
 
 namespace registry {
 namespace {
 
 namespace fs = std::filesystem;
 using registry_docs::Encoding;
-using registry_docs::FileDeclaration;
+using registry_docs::Value;
 using Names = std::vector<std::string_view>;
 
 constexpr std::string_view command_line_block = "mcp-cli";
+constexpr std::string_view per_tool = ":*";
+constexpr std::string_view template_ending = ".mustache";
 
 // The names that a file's "blocks" may give.
 Names choices(const registry_docs::Product& product) {
   Names names = registry_docs::block_choices();
   if (!product.command) std::erase(names, command_line_block);
   return names;
-}
-
-std::string joined(const Names& names) {
-  std::string text;
-  for (const std::string_view name : names) {
-    text += (text.empty() ? "" : ", ") + std::string(name);
-  }
-  return text;
 }
 
 bool is_relative(std::string_view path) {
@@ -64,20 +67,89 @@ std::string path_of(const json::Node& declared) {
   return std::string(declared.string());
 }
 
-std::vector<std::string> blocks_of(const json::Node& declared, const Names& choices) {
-  std::vector<std::string> names;
-  declared.for_each_element([&](const json::Node& name) {
-    if (std::ranges::find(choices, name.string()) == choices.end()) {
-      name.refuse("one of the blocks " + joined(choices),
-                  registry_docs::in_quotes(name.string()));
+bool is_layout(std::string_view name) {
+  const auto layouts = registry_docs::layouts::builtin_layouts();
+  return std::ranges::find(layouts, name, &registry_docs::layouts::BuiltinText::name) !=
+         layouts.end();
+}
+
+// The layout of a block of this name: "tool" for "tool:*".
+std::string_view layout_of(std::string_view name) {
+  if (name.ends_with(per_tool)) name.remove_suffix(per_tool.size());
+  return is_layout(name) ? name : std::string_view();
+}
+
+// A block that says no more than its name.
+Block named_block(const json::Node& declared, const Names& choices) {
+  const std::string_view name = declared.string();
+  const bool is_first_hosts = std::ranges::find(choices, name) != choices.end();
+  const std::string_view layout = is_first_hosts ? std::string_view() : layout_of(name);
+  if (!is_first_hosts && layout.empty()) {
+    Names names = choices;
+    for (const auto& each : registry_docs::layouts::builtin_layouts()) {
+      names.push_back(each.name);
     }
-    if (std::ranges::find(names, name.string()) != names.end()) {
-      name.refuse("distinct blocks", registry_docs::in_quotes(name.string()) + " again");
+    declared.refuse("one of the blocks " + text::join(names, ", "),
+                    registry_docs::in_quotes(name));
+  }
+  return {.name = std::string(name), .layout = std::string(layout)};
+}
+
+std::string block_name(const json::Node& declared) {
+  std::string_view name = declared.string();
+  if (name.ends_with(per_tool)) name.remove_suffix(1);
+  const std::string marker = registry_docs::opening_marker(name);
+  const auto found = registry_docs::find_marker(marker, 0);
+  if (!found || found->name != name) {
+    declared.refuse(R"(a name of letters, numbers, "_", ":" and "-")",
+                    registry_docs::in_quotes(declared.string()));
+  }
+  return std::string(declared.string());
+}
+
+std::size_t heading_of(const json::Node& declared) {
+  const auto level = declared.kind() == json::Kind::integer ? declared.value() : Value();
+  const auto* const held = std::get_if<std::int64_t>(&level.held());
+  if (held == nullptr || *held < 1 || *held > 6) {
+    declared.refuse("the level of a heading, from 1 to 6", "another value");
+  }
+  return static_cast<std::size_t>(*held);
+}
+
+Block described_block(const json::Node& declared) {
+  constexpr std::array<std::string_view, 3> names = {"name", "layout", "heading"};
+  require_known_members(declared, names);
+  const auto [name, layout, heading] = declared.find_each(names);
+  if (!name) declared.refuse_lack("name");
+  Block block{.name = block_name(*name)};
+  if (heading) block.heading = heading_of(*heading);
+  if (!layout) {
+    block.layout = layout_of(block.name);
+    if (block.layout.empty()) declared.refuse_lack("layout");
+    return block;
+  }
+  block.layout = layout->string();
+  if (!is_layout(block.layout) && !block.layout.ends_with(template_ending)) {
+    layout->refuse(
+        "a layout of the program, or the path of a template, as in "
+        "\"docs/tools.mustache\"",
+        registry_docs::in_quotes(block.layout));
+  }
+  return block;
+}
+
+std::vector<Block> blocks_of(const json::Node& declared, const Names& choices) {
+  std::vector<Block> blocks;
+  declared.for_each_element([&](const json::Node& each) {
+    blocks.push_back(each.kind() == json::Kind::object ? described_block(each)
+                                                       : named_block(each, choices));
+    const auto first = std::ranges::find(blocks, blocks.back().name, &Block::name);
+    if (std::next(first) != blocks.end()) {
+      each.refuse("distinct blocks", registry_docs::in_quotes(first->name) + " again");
     }
-    names.emplace_back(name.string());
   });
-  if (names.empty()) declared.refuse("at least one block", "none");
-  return names;
+  if (blocks.empty()) declared.refuse("at least one block", "none");
+  return blocks;
 }
 
 Encoding encoding_of(const json::Node& declared) {
@@ -88,30 +160,33 @@ Encoding encoding_of(const json::Node& declared) {
                   registry_docs::in_quotes(declared.string()));
 }
 
-FileDeclaration file_of(const json::Node& declared, const Names& choices) {
-  FileDeclaration file{.path = path_of(declared.at("path")),
-                       .blocks = blocks_of(declared.at("blocks"), choices)};
+File file_of(const json::Node& declared, const Names& choices) {
+  File file{.path = path_of(declared.at("path")),
+            .blocks = blocks_of(declared.at("blocks"), choices)};
   if (const auto encode = declared.find("encode")) file.encoding = encoding_of(*encode);
   return file;
 }
 
 // The files of a registry that declares none.
-std::vector<FileDeclaration> usual_files(const registry_docs::Product& product) {
-  std::vector<FileDeclaration> files = registry_docs::default_files();
-  if (product.command) return files;
-  for (FileDeclaration& file : files) std::erase(file.blocks, command_line_block);
+std::vector<File> usual_files(const registry_docs::Product& product) {
+  std::vector<File> files;
+  for (const auto& usual : registry_docs::default_files()) {
+    File& file = files.emplace_back(File{usual.path, {}, usual.encoding});
+    for (const std::string& name : usual.blocks) {
+      if (product.command || name != command_line_block) file.blocks.push_back({name});
+    }
+  }
   return files;
 }
 
 }  // namespace
 
-std::vector<FileDeclaration> files(const json::Node& registry,
-                                   const registry_docs::Product& product,
-                                   const fs::path& root) {
+std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,
+                        const fs::path& root) {
   const auto declared = registry.find("files");
   if (!declared) return usual_files(product);
   const Names names = choices(product);
-  std::vector<FileDeclaration> found;
+  std::vector<File> found;
   std::set<fs::path> places;
   declared->for_each_element([&](const json::Node& file) {
     found.push_back(file_of(file, names));

@@ -1,8 +1,10 @@
-// The files that hold generated blocks, as the registry declares them.
+// The files that hold generated blocks, as the registry document declares them.
 #ifndef REGISTRY_FILES_H
 #define REGISTRY_FILES_H
 
+#include <cstddef>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "json/node.h"
@@ -10,12 +12,26 @@
 
 namespace registry {
 
-// From the registry's member "files", or the default ones. The blocks of a command line are on
+// A block, and how it is made. A name that ends with ":*" stands for a block for each tool.
+struct Block {
+  std::string name;
+  // The name of a layout that comes with the program, or the path of a template within the
+  // repository; empty for a block that the first host has as well.
+  std::string layout = {};
+  std::size_t heading = 3;  // the level of its first headings
+};
+
+struct File {
+  std::string path;  // relative to the repository's root, "/"-separated
+  std::vector<Block> blocks;
+  registry_docs::Encoding encoding = registry_docs::Encoding::none;
+};
+
+// From the registry's member "files", or the first host's. The blocks of a command line are on
 // offer only when the product has one. Refuses a path that leads out of `root`, by itself or
 // through a link, and a file that is declared twice under whatever name.
-std::vector<registry_docs::FileDeclaration> files(const json::Node& registry,
-                                                  const registry_docs::Product& product,
-                                                  const std::filesystem::path& root);
+std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,
+                        const std::filesystem::path& root);
 
 }  // namespace registry
 

@@ -1,13 +1,7 @@
 #include "registry/host.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
-#include <optional>
 #include <utility>
 
 #include "json/document.h"
@@ -15,7 +9,7 @@
 #include "registry/files.h"
 #include "registry/product.h"
 #include "registry/tools.h"
-#include "registry_docs/errors.h"
+#include "registry_docs/catalog/entries.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
@@ -24,61 +18,11 @@ namespace {
 
 using json::Document;
 using json::Node;
+using registry_docs::FileDeclaration;
+using registry_docs::GeneratedFile;
 using tesmo_sorvet::Declarations;
-using tesmo_sorvet::Frameworks;
-using tesmo_sorvet::Route;
 using tesmo_sorvet::Tiers;
 using tesmo_sorvet::Tools;
-
-std::string standard_input() {
-  std::string bytes;
-  std::array<char, 65536> buffer{};
-  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stdin)) {
-    bytes.append(buffer.data(), count);
-  }
-  if (std::ferror(stdin) != 0) {
-    throw registry_docs::FileError("-", {errno, std::generic_category()});
-  }
-  return bytes;
-}
-
-// Only a file that was named may be a pipe: the one in a repository is not waited on.
-std::string named_file(const std::string& name) {
-  if (name == "-") return standard_input();
-  return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
-}
-
-std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
-  return std::make_shared<Document>(
-      path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular));
-}
-
-// The first place is looked at by reading it, as most registries stand there.
-std::shared_ptr<Document> registry_document(const std::filesystem::path& root,
-                                            const std::optional<std::string>& registry) {
-  if (registry) return std::make_shared<Document>(*registry, named_file(*registry));
-  try {
-    return repository_file(root / tesmo_sorvet::registry_path);
-  } catch (const registry_docs::FileError& error) {
-    const auto other = root / registry_path;
-    const bool is_absent = error.code() == std::errc::no_such_file_or_directory;
-    if (!is_absent || ::access(other.c_str(), F_OK) != 0) throw;
-    return repository_file(other);
-  }
-}
-
-// The answer to tools/list, if the tools come from one.
-std::shared_ptr<Document> answer_document(const Node& registry, const Sources& sources) {
-  const std::optional<Server> declared = server(registry);
-  if (!sources.tools && !declared) return nullptr;
-  if (!sources.tools && !sources.ask) {
-    registry.at("server").refuse("a saved answer beside it", "none");
-  }
-  std::string name = sources.tools ? *sources.tools : "the answer of " + declared->command;
-  std::string json = sources.tools ? named_file(*sources.tools) : sources.ask(*declared);
-  if (sources.keep) sources.keep(json);
-  return std::make_shared<Document>(std::move(name), std::move(json));
-}
 
 // The first host's registry has none of the general form's members, and no answer beside it.
 bool is_first_host(const Node& registry, const Sources& sources) {
@@ -87,56 +31,114 @@ bool is_first_host(const Node& registry, const Sources& sources) {
   return !sources.tools && std::ranges::none_of(found, &json::MaybeNode::has_value);
 }
 
-registry_docs::Host bind_any_host(const std::filesystem::path& root, const Sources& sources,
-                                  const std::shared_ptr<Document>& document) {
-  const Node registry(*document);
-  registry_docs::Product product = registry::product(registry);
-  std::vector<registry_docs::FileDeclaration> files = registry::files(registry, product, root);
-  Tiers tiers(registry);
-  // Asked for last, since it may take its time.
-  const std::shared_ptr<Document> answer = answer_document(registry, sources);
-  Tools tools =
-      answer ? answered_tools(Node(*answer), tiers) : declared_tools(registry, tiers);
-  std::vector<Route> routes = tesmo_sorvet::routes(registry);
-  Frameworks frameworks = tesmo_sorvet::endpoint_frameworks(registry);
-  if (answer) add_declared(registry, tiers, tools);
-  for (const auto& each : {document, answer}) {
-    if (each) each->keep_texts_only();
+bool is_of_layout(const Block& block) { return !block.layout.empty(); }
+
+// The blocks that the first host has as well.
+FileDeclaration declaration_of(const File& file) {
+  FileDeclaration declaration{.path = file.path, .blocks = {}, .encoding = file.encoding};
+  for (const Block& block : file.blocks) {
+    if (!is_of_layout(block)) declaration.blocks.push_back(block.name);
   }
+  return declaration;
+}
+
+// The server's own title or name, where a sentence of a block can hold it.
+std::string answered_name(const Documents& documents) {
+  if (!documents.answer) return {};
+  const auto server = registry_docs::catalog::server_of(Node(*documents.answer));
+  const std::string_view name = server.title.empty() ? server.name : server.title;
+  return is_phrase(name) ? std::string(name) : std::string();
+}
+
+registry_docs::Product product_of(const Documents& documents) {
+  const Node registry(*documents.registry);
+  registry_docs::Product product = registry::product(registry);
+  const auto declared = registry.find("product");
+  const bool is_named = declared && declared->find("name");
+  std::string name = is_named ? std::string() : answered_name(documents);
+  if (!name.empty()) product.name = std::move(name);
+  return product;
+}
+
+// The host whose blocks are those that the first one has as well.
+registry_docs::Host general_host(const std::filesystem::path& root, const Documents& documents,
+                                 const std::vector<File>& files) {
+  const Node registry(*documents.registry);
+  Tiers tiers(registry);
+  Tools tools = documents.answer ? answered_tools(Node(*documents.answer), tiers)
+                                 : declared_tools(registry, tiers);
+  auto routes = tesmo_sorvet::routes(registry);
+  auto frameworks = tesmo_sorvet::endpoint_frameworks(registry);
+  if (documents.answer) add_declared(registry, tiers, tools);
   registry_docs::Host host = tesmo_sorvet::host_of(
-      std::make_shared<const Declarations>(Declarations{{document, answer},
+      std::make_shared<const Declarations>(Declarations{{documents.registry, documents.answer},
                                                         std::move(tiers),
                                                         std::move(tools),
                                                         std::move(routes),
                                                         std::move(frameworks)}));
-  host.PRODUCT = std::move(product);
-  host.FILES = std::move(files);
+  host.PRODUCT = product_of(documents);
+  host.FILES.clear();
+  std::ranges::transform(files, std::back_inserter(host.FILES), declaration_of);
   tesmo_sorvet::add_rules_text(host, root);
   return host;
 }
 
-}  // namespace
-
-std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory) {
-  for (const char* const name : {tesmo_sorvet::registry_path, registry_path}) {
-    std::filesystem::path path = directory / name;
-    if (::access(path.c_str(), F_OK) == 0) return path;
+// The blocks in their order, whoever makes them.
+GeneratedFile file_of(const File& declared, const Bound& bound) {
+  GeneratedFile file{.path = declared.path};
+  for (const Block& block : declared.blocks) {
+    if (is_of_layout(block)) {
+      bound.layouts->add_block(block, declared.path, file.blocks);
+      continue;
+    }
+    GeneratedFile made = registry_docs::generated_file(
+        *bound.host, {declared.path, {block.name}, declared.encoding});
+    file.encode = made.encode;
+    std::ranges::move(made.blocks, std::back_inserter(file.blocks));
   }
-  return std::nullopt;
+  return file;
 }
 
+bool has_block(const std::vector<File>& files, bool (*is_meant)(const Block&)) {
+  return std::ranges::any_of(files, [is_meant](const File& file) {
+    return std::ranges::any_of(file.blocks, is_meant);
+  });
+}
+
+Bound bind_any(const std::filesystem::path& root, const Sources& sources,
+               const std::shared_ptr<Document>& document) {
+  const registry_docs::Product product = registry::product(Node(*document));
+  const std::vector<File> files = registry::files(Node(*document), product, root);
+  const Documents documents{document, answer_document(*document, sources)};
+  Bound bound;
+  if (has_block(files, is_of_layout) || sources.needs_model) {
+    bound.layouts = std::make_shared<LayoutBlocks>(root, documents, files);
+    bound.warnings = bound.layouts->warnings();
+  }
+  if (has_block(files, [](const Block& block) { return !is_of_layout(block); })) {
+    bound.host =
+        std::make_shared<const registry_docs::Host>(general_host(root, documents, files));
+  }
+  for (const File& file : files) bound.files.push_back(file_of(file, bound));
+  return bound;
+}
+
+}  // namespace
+
 Bound bind(const std::filesystem::path& root, const Sources& sources) {
-  const auto document = registry_document(root, sources.registry);
-  auto host = std::make_shared<const registry_docs::Host>(
-      is_first_host(Node(*document), sources) ? tesmo_sorvet::bind_host(root, document)
-                                              : bind_any_host(root, sources, document));
-  std::vector<registry_docs::GeneratedFile> files = registry_docs::generated_files(*host);
-  return {std::move(host), std::move(files)};
+  const auto document = registry_document(root, sources);
+  if (!is_first_host(Node(*document), sources)) return bind_any(root, sources, document);
+  Bound bound;
+  bound.host =
+      std::make_shared<const registry_docs::Host>(tesmo_sorvet::bind_host(root, document));
+  bound.files = registry_docs::generated_files(*bound.host);
+  return bound;
 }
 
 registry_docs::Host bind_host(const std::filesystem::path& root,
                               const std::optional<std::string>& registry) {
-  return *bind(root, Sources{.registry = registry}).host;
+  const Bound bound = bind(root, Sources{.registry = registry});
+  return bound.host ? *bound.host : registry_docs::Host();
 }
 
 }  // namespace registry

@@ -1,8 +1,11 @@
 #include "registry/inputs.h"
 
 #include <array>
+#include <utility>
+#include <vector>
 
-#include "json_schema/schema_reader.h"
+#include "json_schema/shape_reader.h"
+#include "json_schema/walk.h"
 #include "registry_docs/text.h"
 
 namespace registry {
@@ -11,69 +14,83 @@ namespace {
 using json::Kind;
 using json::MaybeNode;
 using json::Node;
-using json_schema::SchemaReader;
 using json_schema::Shape;
 using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
+using registry_docs::Text;
+using registry_docs::Value;
 using registry_docs::ValueFormat;
 using tesmo_sorvet::Inputs;
 using tesmo_sorvet::read_limits;
 using tesmo_sorvet::read_value;
-using tesmo_sorvet::read_values;
 
-using Names = std::vector<std::string_view>;
-
-bool is_plain(const MaybeNode& type) {
-  return type && type->kind() == Kind::string && json_schema::is_type_name(type->string());
-}
-
-// Of most properties one name says the type, or the items' type, and no text needs to be made.
-bool read_plain_type(const MaybeNode& type, const MaybeNode& items, PropertySchema& schema) {
-  if (!is_plain(type)) return false;
-  schema.type = type->string();
-  if (*schema.type != "array") return true;
-  if (!items || items->kind() != Kind::object) return false;
-  const auto [type_of_items, values] =
-      items->find_each(std::array<std::string_view, 2>{"type", "enum"});
-  if (values || !is_plain(type_of_items) || type_of_items->string() == "array") return false;
-  schema.items.emplace().type = type_of_items->string();
-  return true;
-}
-
-void read_shape(const Node& declared, SchemaReader& reader, ParamSpec& param,
-                PropertySchema& schema) {
-  const Shape shape = reader.read(declared);
-  schema.type = reader.type_text(declared, shape);
-  read_limits({shape.description, shape.minimum, shape.maximum}, schema);
-  read_value(shape.default_value, param.default_value);
-  if (!shape.values) return;
-  param.values_text = [values = shape.values](const ValueFormat& format) {
-    return tesmo_sorvet::values_text(values->all, format);
+void read_allowed(const std::vector<Node>& allowed, ParamSpec& param) {
+  std::vector<Value> values;
+  values.reserve(allowed.size());
+  for (const Node& value : allowed) values.push_back(value.value());
+  param.values_text = [values = std::move(values)](const ValueFormat& format) {
+    return tesmo_sorvet::values_text(values, format);
   };
 }
 
-void read_property(const Node& declared, SchemaReader& reader, ParamSpec& param,
-                   PropertySchema& schema) {
-  if (declared.kind() == Kind::boolean) return read_shape(declared, reader, param, schema);
-  constexpr std::array<std::string_view, 9> names = {"type",    "items", "description",
-                                                     "default", "enum",  "minimum",
-                                                     "maximum", "const", "$ref"};
-  const auto [type, items, description, default_value, values, minimum, maximum, constant,
-              reference] = declared.find_each(names);
-  if (constant || reference || !read_plain_type(type, items, schema)) {
-    return read_shape(declared, reader, param, schema);
+// Reads the properties of one tool's schema. What cannot be read is refused, with the tool's
+// name.
+class PropertyReader {
+ public:
+  // All must outlive this. The texts that are made join `texts`, which keeps each in its
+  // place.
+  PropertyReader(const Node& input_schema, std::string_view tool,
+                 std::deque<std::string>& texts)
+      : walk_(input_schema, "input schema", faults_), tool_(tool), texts_(texts) {}
+
+  void read(const Node& declared, ParamSpec& param, PropertySchema& schema) {
+    Shape shape = shape_of(declared);
+    schema.type = Text::borrowed(kept(shapes_.type_text(declared, shape)));
+    refuse_faults();
+    read_limits({shape.description, shape.minimum, shape.maximum}, schema);
+    read_value(shape.default_value, param.default_value);
+    if (shape.values) read_allowed(*shape.values, param);
   }
-  read_limits({description, minimum, maximum}, schema);
-  read_value(default_value, param.default_value);
-  if (values) reader.require_elements(*values, "value");
-  read_values(values, param);
-}
+
+  Shape shape_of(const Node& declared) {
+    Shape shape = shapes_.read(declared);
+    refuse_faults();
+    return shape;
+  }
+
+  [[noreturn]] void refuse(const Node& at, const std::string& expected,
+                           const std::string& found) const {
+    at.refuse(expected, found + " in the tool " + registry_docs::in_quotes(tool_));
+  }
+
+ private:
+  void refuse_faults() const {
+    if (faults_.empty()) return;
+    refuse(faults_.front().at, faults_.front().expected, faults_.front().found);
+  }
+
+  std::string_view kept(std::string text) {
+    const std::string_view name = json_schema::common_type(text);
+    return name.empty() ? texts_.emplace_back(std::move(text)) : name;
+  }
+
+  std::vector<json_schema::Fault> faults_ = {};
+  json_schema::Walk walk_;
+  json_schema::ShapeReader shapes_{walk_};
+  std::string_view tool_;
+  std::deque<std::string>& texts_;
+};
 
 // The actions of a tool are the values of its parameter "action".
-Names actions_of(const Node& property, SchemaReader& reader) {
-  const Shape shape = reader.read(property);
-  if (!shape.values || shape.values->strings.size() != shape.values->all.size()) return {};
-  return shape.values->strings;
+std::vector<Text> actions_of(const Node& property, PropertyReader& reader) {
+  const Shape shape = reader.shape_of(property);
+  std::vector<Text> names;
+  if (!shape.values) return names;
+  for (const Node& value : *shape.values) {
+    if (value.kind() != Kind::string) return {};
+    names.push_back(Text::borrowed(value.string()));
+  }
+  return names;
 }
 
 }  // namespace
@@ -84,7 +101,7 @@ Inputs described_inputs(const Node& declared, std::string_view tool,
                                                      "anyOf", "oneOf",      "allOf"};
   const auto [type, properties, required, reference, any_of, one_of, all_of] =
       declared.find_each(names);
-  SchemaReader reader(declared, tool, texts);
+  PropertyReader reader(declared, tool, texts);
   if (type && type->string() != "object") {
     reader.refuse(*type, "\"object\"", registry_docs::in_quotes(type->string()));
   }
@@ -99,7 +116,7 @@ Inputs described_inputs(const Node& declared, std::string_view tool,
   if (!properties) return inputs;
   read_properties(*properties, inputs,
                   [&](const Node& property, ParamSpec& param, PropertySchema& schema) {
-                    read_property(property, reader, param, schema);
+                    reader.read(property, param, schema);
                     if (param.name == "action") inputs.actions = actions_of(property, reader);
                   });
   mark_required(inputs);

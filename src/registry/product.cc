@@ -7,13 +7,9 @@
 namespace registry {
 namespace {
 
-// A text that a sentence of a block can hold.
 std::string phrase(const json::Node& declared) {
   const std::string_view text = declared.string();
-  const bool is_phrase = !registry_docs::strip(text).empty() &&
-                         registry_docs::visible(text) == text &&
-                         text.find("<!--") == std::string_view::npos;
-  if (!is_phrase) {
+  if (!is_phrase(text)) {
     declared.refuse("one line of text without \"<!--\"",
                     registry_docs::in_quotes(registry_docs::visible(text)));
   }
@@ -29,6 +25,11 @@ std::optional<std::string> command_of(const json::Node& declared) {
 }
 
 }  // namespace
+
+bool is_phrase(std::string_view text) {
+  return !registry_docs::strip(text).empty() && registry_docs::visible(text) == text &&
+         text.find("<!--") == std::string_view::npos;
+}
 
 registry_docs::Product product(const json::Node& registry) {
   registry_docs::Product product;

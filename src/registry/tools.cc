@@ -16,6 +16,7 @@ using json::Kind;
 using json::Node;
 using registry_docs::in_quotes;
 using registry_docs::ParamSpec;
+using registry_docs::Text;
 using registry_docs::ToolSpec;
 using tesmo_sorvet::name_of;
 using tesmo_sorvet::Tiers;
@@ -78,15 +79,15 @@ void add_to_param(const Node& declared, const Params& params) {
   if (!action_defaults) return;
   param.action_defaults.clear();
   action_defaults->for_each_member([&param](std::string_view action, const Node& value) {
-    param.action_defaults.emplace_back(action, value.value());
+    param.action_defaults.emplace_back(Text::borrowed(action), value.value());
   });
 }
 
 void add_to_tool(const Node& declared, const Tiers& tiers, ToolSpec& tool) {
   constexpr std::array<std::string_view, 4> names = {"tier", "summary", "actions", "params"};
   const auto [tier, summary, actions, params] = declared.find_each(names);
-  if (tier) tool.tier = tiers.known(*tier);
-  if (summary) tool.summary = summary->string();
+  if (tier) tool.tier = Text::borrowed(tiers.known(*tier));
+  if (summary) tool.summary = Text::borrowed(summary->string());
   if (actions) tool.actions = tool.action_names = actions->strings();
   if (!params) return;
   Params by_name;
@@ -100,7 +101,7 @@ Tools declared_tools(const Node& registry, const Tiers& tiers) {
   return tesmo_sorvet::read_tools(
       registry, [&](const Node& declared, std::deque<std::string>& texts, Tool& tool) {
         const ToolMembers members(declared);
-        tool.spec.name = name_of(declared, members.name);
+        tool.spec.name = Text::borrowed(name_of(declared, members.name));
         read_tool(declared, members, tiers, texts, tool);
       });
 }
@@ -109,7 +110,7 @@ Tools answered_tools(const Node& answer, const Tiers& tiers) {
   return tesmo_sorvet::read_tools(
       answer, [&](const Node& declared, std::deque<std::string>& texts, Tool& tool) {
         ToolMembers members(declared);
-        tool.spec.name = name_of(declared, members.name);
+        tool.spec.name = Text::borrowed(name_of(declared, members.name));
         require_input_schema(declared, members.input_schema, tool.spec.name);
         members.tier = members.summary = members.actions = members.params = std::nullopt;
         read_tool(declared, members, tiers, texts, tool);

@@ -16,6 +16,7 @@ using json::MaybeNode;
 using json::Node;
 using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
+using registry_docs::Text;
 using registry_docs::Value;
 using registry_docs::ValueFormat;
 
@@ -29,16 +30,16 @@ void read_param(const Node& declared, ParamSpec& param, PropertySchema& schema) 
       "minimum", "maximum", "values", "action_defaults", "applies_to"};
   const auto [name, type, items, description, required, default_value, minimum, maximum,
               values, action_defaults, applies_to] = declared.find_each(names);
-  schema.name = param.name = name_of(declared, name);
-  schema.type = type ? type->string() : "string";
-  if (items) schema.items.emplace().type = items->at("type").string();
+  schema.name = param.name = Text::borrowed(name_of(declared, name));
+  schema.type = Text::borrowed(type ? type->string() : "string");
+  if (items) schema.items.emplace().type = Text::borrowed(items->at("type").string());
   read_limits({description, minimum, maximum}, schema);
   if (required) param.required = required->boolean();
   read_value(default_value, param.default_value);
   read_values(values, param);
   if (action_defaults) {
     action_defaults->for_each_member([&param](std::string_view action, const Node& value) {
-      param.action_defaults.emplace_back(action, value.value());
+      param.action_defaults.emplace_back(Text::borrowed(action), value.value());
     });
   }
   if (applies_to) param.applies_to = applies_to->strings();
@@ -78,7 +79,9 @@ void read_values(const MaybeNode& declared, ParamSpec& param) {
 }
 
 void read_limits(const Limits& declared, PropertySchema& schema) {
-  if (declared.description) schema.description = declared.description->string();
+  if (declared.description) {
+    schema.description = Text::borrowed(declared.description->string());
+  }
   read_bound(declared.minimum, schema.minimum);
   read_bound(declared.maximum, schema.maximum);
 }

@@ -16,8 +16,8 @@ struct Inputs {
   std::vector<registry_docs::ParamSpec> params = {};
   registry_docs::InputSchema schema = {
       .properties = std::vector<registry_docs::PropertySchema>(),
-      .required = std::vector<std::string_view>()};
-  std::vector<std::string_view> actions = {};  // that the schema gives the tool
+      .required = std::vector<registry_docs::Text>()};
+  std::vector<registry_docs::Text> actions = {};  // that the schema gives the tool
 };
 
 // From a tool's member "params", an array of parameters.
@@ -62,7 +62,7 @@ void read_properties(const json::Node& declared, Inputs& inputs, Read read) {
     if (name.empty()) property.refuse("a name", "an empty string");
     registry_docs::ParamSpec& param = inputs.params.emplace_back();
     registry_docs::PropertySchema& schema = properties.emplace_back();
-    schema.name = param.name = name;
+    schema.name = param.name = registry_docs::Text::borrowed(name);
     read(property, param, schema);
   });
 }

@@ -10,6 +10,7 @@ namespace {
 
 using json::Node;
 using registry_docs::in_quotes;
+using registry_docs::Text;
 
 std::string_view first_line(std::string_view text) {
   return registry_docs::strip(text.substr(0, text.find('\n')));
@@ -57,9 +58,10 @@ ToolMembers::ToolMembers(const Node& declared) {
 }
 
 void read_spec(const ToolMembers& members, const Tiers& tiers, registry_docs::ToolSpec& spec) {
-  spec.tier = members.tier ? tiers.known(*members.tier) : tiers.first();
-  if (members.description) spec.mcp_text = members.description->string();
-  spec.summary = members.summary ? members.summary->string() : first_line(spec.mcp_text);
+  spec.tier = Text::borrowed(members.tier ? tiers.known(*members.tier) : tiers.first());
+  if (members.description) spec.mcp_text = Text::borrowed(members.description->string());
+  spec.summary =
+      Text::borrowed(members.summary ? members.summary->string() : first_line(spec.mcp_text));
 }
 
 void take_inputs(const ToolMembers& members, Inputs inputs, Tool& tool) {
@@ -73,7 +75,7 @@ void take_inputs(const ToolMembers& members, Inputs inputs, Tool& tool) {
 Tools tools(const Node& registry, const Tiers& tiers) {
   return read_tools(registry, [&](const Node& declared, std::deque<std::string>&, Tool& tool) {
     const ToolMembers members(declared);
-    tool.spec.name = name_of(declared, members.name);
+    tool.spec.name = Text::borrowed(name_of(declared, members.name));
     read_spec(members, tiers, tool.spec);
     take_inputs(members, inputs_of(members.params, members.input_schema, inputs_as_declared),
                 tool);

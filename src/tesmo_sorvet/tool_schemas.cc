@@ -9,16 +9,19 @@ namespace {
 using json::Node;
 using registry_docs::ParamSpec;
 using registry_docs::PropertySchema;
+using registry_docs::Text;
 
 void read_declared_property(const Node& declared, ParamSpec& param, PropertySchema& schema) {
   constexpr std::array<std::string_view, 7> names = {
       "type", "items", "description", "default", "enum", "minimum", "maximum"};
   const auto [type, items, description, default_value, values, minimum, maximum] =
       declared.find_each(names);
-  if (type) schema.type = type->string();
+  if (type) schema.type = Text::borrowed(type->string());
   if (items) {
     schema.items.emplace();
-    if (const auto inner = items->find("type")) schema.items->type = inner->string();
+    if (const auto inner = items->find("type")) {
+      schema.items->type = Text::borrowed(inner->string());
+    }
   }
   read_limits({description, minimum, maximum}, schema);
   read_value(default_value, param.default_value);

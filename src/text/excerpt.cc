@@ -20,4 +20,8 @@ std::string in_quotes(std::string_view text, char quote) {
   return quote + excerpt(text) + quote;
 }
 
+std::string visible_in_quotes(std::string_view bytes) {
+  return "'" + visible(excerpt(bytes)) + "'";
+}
+
 }  // namespace registry_docs

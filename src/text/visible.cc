@@ -1,31 +1,30 @@
+#include "text/visible.h"
+
 #include <utf8proc.h>
 
 #include <array>
-#include <cstdint>
 #include <cstdio>
-#include <string>
 
 #include "registry_docs/text.h"
 #include "text/code_point.h"
 
-namespace registry_docs {
-namespace {
+namespace text {
 
-bool is_plain(std::int32_t code_point) {
+bool is_hidden(std::int32_t code_point) {
   switch (utf8proc_category(code_point)) {
     case UTF8PROC_CATEGORY_CC:
     case UTF8PROC_CATEGORY_CF:  // some reverse the text that follows
     case UTF8PROC_CATEGORY_ZL:
     case UTF8PROC_CATEGORY_ZP:
-      return false;
-    default:
       return true;
+    default:
+      return false;
   }
 }
 
-void append_escape(std::string& text, std::int32_t code_point) {
+void append_escape(std::string& to, std::int32_t code_point) {
   if (code_point == '\n') {
-    text += "\\n";
+    to += "\\n";
     return;
   }
   const char* const format = code_point < 0x100     ? "\\x%02x"
@@ -34,28 +33,30 @@ void append_escape(std::string& text, std::int32_t code_point) {
   std::array<char, 16> escape{};
   static_cast<void>(
       std::snprintf(escape.data(), escape.size(), format, static_cast<unsigned>(code_point)));
-  text += escape.data();
+  to += escape.data();
 }
 
-}  // namespace
+}  // namespace text
+
+namespace registry_docs {
 
 std::string visible(std::string_view bytes) {
-  std::string text;
-  text.reserve(bytes.size());
+  std::string shown;
+  shown.reserve(bytes.size());
   for (std::size_t at = 0; at < bytes.size();) {
     const text::CodePoint found = text::code_point_at(bytes, at);
     if (found.size == 0) {
-      append_escape(text, static_cast<unsigned char>(bytes[at++]));
+      text::append_escape(shown, static_cast<unsigned char>(bytes[at++]));
       continue;
     }
-    if (is_plain(found.value)) {
-      text += bytes.substr(at, found.size);
+    if (text::is_hidden(found.value)) {
+      text::append_escape(shown, found.value);
     } else {
-      append_escape(text, found.value);
+      shown += bytes.substr(at, found.size);
     }
     at += found.size;
   }
-  return text;
+  return shown;
 }
 
 }  // namespace registry_docs

@@ -1,7 +1,11 @@
 #include "json/document.h"
-#include "registry_docs/errors.h"
 
 #include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "json/node.h"
+#include "registry_docs/errors.h"
 
 #include "support/text.h"
 
@@ -46,6 +50,56 @@ TEST(Document, RefusesAControlCharacterWhereverItStands) {
                   ": expected an escape that JSON has, and no bare control character, "
                   "found a control character");
   }
+}
+
+std::string nested(std::size_t levels) {
+  return R"({"a":)" + std::string(levels - 1, '[') + std::string(levels - 1, ']') + "}";
+}
+
+TEST(Message, KeepsItsMembersAsTheyAreSpelled) {
+  const Document message("m",
+                         R"( {"\u0061" : {"b":1,"b":"\n"} ,"c":[ ],"d":"\u00e9\"","":"x",)"
+                         R"("e":-0.1E+9999,"f":99999999999999999999,"g":null,"c":false})",
+                         Rules::message);
+  std::string found;
+  Node(message).for_each_member([&](std::string_view name, const Node& value) {
+    found += std::string(name) + ": " + std::string(value.spelling()) + "\n";
+  });
+  EXPECT_EQ(found,
+            "a: {\"b\":1,\"b\":\"\\n\"}\nc: [ ]\nd: \"\\u00e9\\\"\"\n: \"x\"\n"
+            "e: -0.1E+9999\nf: 99999999999999999999\ng: null\nc: false\n");
+  const Node a = Node(message).at("a");
+  EXPECT_EQ(a.kind(), Kind::object);
+  EXPECT_THROW(static_cast<void>(a.find("b")), std::logic_error);
+  EXPECT_EQ(Node(message).at("d").string(), "\u00e9\"");
+  EXPECT_FALSE(Node(message).at("c").boolean());  // the last one counts
+}
+
+TEST(Message, TakesNoMemoryForWhatStandsInItsMembers) {
+  std::string elements = "[0";
+  for (int i = 0; i < 100'000; ++i) elements += R"(,{"a":["\n"]})";
+  Document message("m", R"({"a":0,"b":)" + elements + "]}", Rules::message);
+  EXPECT_EQ(message.root().span(), 5U);
+  const std::string_view bytes = Node(message).at("b").spelling();
+  EXPECT_EQ(std::move(message).take(bytes), elements + "]");
+}
+
+TEST(Message, RefusesWhatIsNoObjectAndWhatIsOutOfOrderAnywhereInIt) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"", "1:1: expected a JSON object, found the end of the document"},
+      {"\n[]", "2:1: expected a JSON object, found '['"},
+      {"{} {}", "1:4: expected nothing after the document, found '{'"},
+      {R"({"a":[{"b":01}]})", "1:13: expected a comma or a closing brace, found '1'"},
+      {R"({"a":["\udc00"]})", "1:8: expected a pair of surrogates, found one alone"},
+      {nested(1001), "1:1005: expected at most 1000 levels of nesting, found more"}};
+  for (const auto& [json, message] : cases) {
+    const auto read = [&text = json] { Document("m", text, Rules::message); };
+    EXPECT_EQ(message_of<registry_docs::InputError>(read), "m:" + message);
+  }
+  EXPECT_EQ(Document("m", nested(1000), Rules::message).root().span(), 3U);
+  EXPECT_EQ(message_of<registry_docs::DecodeError>(
+                [] { Document("m", "{\"a\":[\"\xFF\"]}", Rules::message); }),
+            "m: expected UTF-8, found an ill-formed sequence at byte 7");
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST(Renderers, MakeTheBlocksThatWereRead) {
 }
 
 TEST(McpParamsBlock, RefusesASchemaThatLacksAKeyOrNamesOtherParameters) {
-  using Names = std::vector<std::string_view>;
+  using Names = std::vector<Text>;
   using Properties = std::vector<PropertySchema>;
   const PropertySchema a{"a", "string"};
   const PropertySchema b{"b", "array"};

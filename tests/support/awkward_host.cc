@@ -56,7 +56,7 @@ std::vector<std::shared_ptr<const ToolSpec>> tools() {
 }
 
 InputSchema schema(std::string_view tool) {
-  using Names = std::vector<std::string_view>;
+  using Names = std::vector<Text>;
   InputSchema schema{.required = Names{"zero", "action", "action", "nobody"}};
   schema.properties.emplace();
   if (tool == "größe_suche") schema.properties->push_back({"größe_|", "integer"});

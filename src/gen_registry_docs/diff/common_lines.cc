@@ -16,7 +16,7 @@ class Paths {
         diagonals_(shorter.size() + longer.size() + 3),
         delta_(static_cast<std::ptrdiff_t>(longer.size() - shorter.size())) {}
 
-  // The ends of the parts of a shortest path, the last one first.
+  // The ends of the parts of a shortest path, in order.
   struct Point {
     std::ptrdiff_t x;
     std::ptrdiff_t y;
@@ -33,6 +33,7 @@ class Paths {
     for (auto part = at(delta_).part; part >= 0; part = parts.back().before) {
       parts.push_back(points_[static_cast<std::size_t>(part)]);
     }
+    std::ranges::reverse(parts);
     return parts;
   }
 
@@ -80,10 +81,10 @@ std::vector<std::pair<std::size_t, std::size_t>> common_places(std::span<const i
   std::vector<std::pair<std::size_t, std::size_t>> places;
   std::ptrdiff_t x = 0;
   std::ptrdiff_t y = 0;
-  for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-    x = std::max(x, x + (y - x) - (part->y - part->x));
-    y = std::max(y, x + (part->y - part->x));
-    for (; x < part->x; ++x, ++y) {
+  for (const Paths::Point& part : parts) {
+    x = std::max(x, y - (part.y - part.x));
+    y = std::max(y, x + (part.y - part.x));
+    for (; x < part.x; ++x, ++y) {
       const auto i = static_cast<std::size_t>(is_swapped ? y : x);
       const auto j = static_cast<std::size_t>(is_swapped ? x : y);
       places.emplace_back(i, j);

@@ -12,11 +12,12 @@ namespace registry_docs::markdown {
 // The anchors of one document, heading by heading.
 class Anchors {
  public:
-  // The anchor of the next heading, whose visible text this is: a repeated one has a number.
+  // The anchor of the next heading, whose visible text, as UTF-8, this is. A repeated one has
+  // a number behind it.
   std::string next(std::string_view heading);
 
  private:
-  std::unordered_map<std::string, std::size_t> seen_;
+  std::unordered_map<std::string, std::size_t> seen_;  // with the last number behind each
 };
 
 }  // namespace registry_docs::markdown

@@ -21,11 +21,15 @@ const T& required_key(const std::optional<T>& held, const ToolSpec& tool, const 
   return *held;
 }
 
-std::string_view required_type(const std::optional<std::string_view>& type,
-                               const ToolSpec& tool, const PropertySchema& property) {
-  if (type) return *type;
+[[noreturn]] void refuse_lack_of_type(const ToolSpec& tool, const PropertySchema& property) {
   const std::string name(tool.name);
   throw MissingKeyError(name + ": the schema of " + std::string(property.name), "type");
+}
+
+std::string_view required_type(const std::optional<Text>& type, const ToolSpec& tool,
+                               const PropertySchema& property) {
+  if (!type) refuse_lack_of_type(tool, property);
+  return *type;
 }
 
 void require_same_parameters(const ToolSpec& tool,
@@ -55,12 +59,9 @@ void append_default(std::string& to, const ParamSpec& param) {
 
 void append_type(std::string& to, const ToolSpec& tool, const PropertySchema& property) {
   const std::string_view type = required_type(property.type, tool, property);
-  if (type != "array" || !property.items) {
-    to += type;
-  } else {
-    to += required_type(property.items->type, tool, property);
-    to += "[]";
-  }
+  const bool is_list = type == "array" && property.items;
+  to += is_list ? required_type(property.items->type, tool, property) : type;
+  if (is_list) to += "[]";
 }
 
 void append_sentence(std::string& to, std::string_view description) {
@@ -117,7 +118,8 @@ markdown::Table params_table(const Host& host, const ToolSpec& tool) {
 // Sorted.
 using Names = std::vector<std::string_view>;
 
-Names sorted(Names names) {
+Names sorted(const std::vector<Text>& texts) {
+  Names names(texts.begin(), texts.end());
   std::ranges::sort(names);
   return names;
 }
@@ -135,7 +137,7 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
     table.plain([&](std::string& to) { append_option(to, host, param); });
   }
   table.plain([&](std::string& to) { append_type(to, tool, property); })
-      .plain(std::ranges::binary_search(required, param.name) ? "Yes" : "No")
+      .plain(std::ranges::binary_search(required, std::string_view(param.name)) ? "Yes" : "No")
       .cell([&](std::string& to) { append_default(to, param); });
   if (!tool.actions.empty()) {
     table.plain(param.applies_to.empty() ? "all" : text::join(param.applies_to, ", "));
@@ -147,6 +149,7 @@ void add_row(markdown::Table& table, const Host& host, const ToolSpec& tool,
 
 std::string mcp_params_block(const Host& host, const ToolSpec& tool) {
   const std::shared_ptr<const InputSchema> schema = host.get_cli_schema(tool.name);
+  if (!schema) throw MissingKeyError(std::string(tool.name), "inputSchema");
   const auto& properties = required_key(schema->properties, tool, "properties");
   require_same_parameters(tool, properties);
   const Names required = sorted(required_key(schema->required, tool, "required"));

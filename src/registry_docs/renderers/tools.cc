@@ -22,25 +22,33 @@ Ranks tier_ranks(const Host& host) {
   return ranks;
 }
 
+// Calls `visit` with each tool whose tier is one of the host's, and with that tier's rank.
+template <typename Visit>
+void for_each_ranked(const Host& host, Visit visit) {
+  const Ranks ranks = tier_ranks(host);
+  for (const auto& tool : host.TOOLS) {
+    const auto rank = ranks.find(tool->tier);
+    if (rank != ranks.end()) visit(tool, rank->second);
+  }
+}
+
 }  // namespace
 
 std::vector<Tools> tier_tools(const Host& host) {
-  const Ranks ranks = tier_ranks(host);
   std::vector<Tools> tiers(host.TIERS.size());
-  for (const auto& tool : host.TOOLS) {
-    const auto rank = ranks.find(tool->tier);
-    if (rank != ranks.end()) tiers[rank->second].push_back(tool);
-  }
+  for_each_ranked(
+      host, [&tiers](const auto& tool, std::size_t rank) { tiers[rank].push_back(tool); });
   return tiers;
 }
 
 std::string tier_counts(const Host& host) {
-  const std::vector<Tools> tiers = tier_tools(host);
-  std::vector<std::string> counts;
-  for (std::size_t rank = 0; rank < tiers.size(); ++rank) {
-    counts.push_back(std::to_string(tiers[rank].size()) + " " + host.TIERS[rank]);
+  std::vector<std::size_t> counts(host.TIERS.size());
+  for_each_ranked(host, [&counts](const auto&, std::size_t rank) { ++counts[rank]; });
+  std::vector<std::string> texts;
+  for (std::size_t rank = 0; rank < counts.size(); ++rank) {
+    texts.push_back(std::to_string(counts[rank]) + " " + host.TIERS[rank]);
   }
-  return text::join(counts, " and ");
+  return text::join(texts, " and ");
 }
 
 void append_actions(std::string& to, const ToolSpec& tool, std::string_view placeholder) {

@@ -37,22 +37,13 @@ void add_params(std::vector<Block>& blocks, const Host& host) {
   }
 }
 
-void add_block(std::vector<Block>& blocks, const Host& host, const std::string& name,
-               const FileDeclaration& file) {
-  if (name == all_params) return add_params(blocks, host);
+void add_block(GeneratedFile& file, const Host& host, const std::string& name) {
+  if (name == all_params) return add_params(file.blocks, host);
   const auto* const found = std::ranges::find(named_blocks, name, &NamedBlock::name);
   if (found == named_blocks.end()) {
     throw ValueError(file.path + ": expected the name of a block, found \"" + name + "\"");
   }
-  blocks.emplace_back(name, [&host, render = found->render] { return render(host); });
-}
-
-GeneratedFile generated_file(const Host& host, const FileDeclaration& declared) {
-  GeneratedFile file{.path = declared.path};
-  if (declared.encoding == Encoding::literal) file.encode = repository::literal_text;
-  if (declared.encoding == Encoding::template_) file.encode = repository::skill_text;
-  for (const std::string& name : declared.blocks) add_block(file.blocks, host, name, declared);
-  return file;
+  file.blocks.emplace_back(name, [&host, render = found->render] { return render(host); });
 }
 
 }  // namespace
@@ -75,6 +66,14 @@ std::vector<std::string_view> block_choices() {
   for (const NamedBlock& block : named_blocks) names.push_back(block.name);
   names.push_back(all_params);
   return names;
+}
+
+GeneratedFile generated_file(const Host& host, const FileDeclaration& declared) {
+  GeneratedFile file{.path = declared.path};
+  if (declared.encoding == Encoding::literal) file.encode = repository::literal_text;
+  if (declared.encoding == Encoding::template_) file.encode = repository::skill_text;
+  for (const std::string& name : declared.blocks) add_block(file, host, name);
+  return file;
 }
 
 std::vector<GeneratedFile> generated_files(const Host& host) {

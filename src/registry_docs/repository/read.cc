@@ -1,7 +1,8 @@
 #include <fcntl.h>
 
-#include "registry_docs/repository/descriptor.h"
+#include "registry_docs/errors.h"
 #include "registry_docs/repository/file.h"
+#include "registry_docs/repository/open_file.h"
 #include "registry_docs/text.h"
 #include "text/line_endings.h"
 
@@ -9,7 +10,8 @@ namespace registry_docs {
 namespace repository {
 
 std::string read_regular_file(const std::filesystem::path& path) {
-  const Descriptor file(path, O_RDONLY | O_NONBLOCK);  // a pipe must not be waited on
+  const OpenFile file =
+      open_file(path, O_RDONLY | O_NONBLOCK);  // a pipe must not be waited on
   return rest_of(file, regular_status_of(file));
 }
 
@@ -22,7 +24,7 @@ std::string decoded(const std::filesystem::path& path, std::string bytes) {
 
 std::string read_bytes(const std::filesystem::path& path, FileKind kind) {
   if (kind == FileKind::regular) return repository::read_regular_file(path);
-  const repository::Descriptor file(path, O_RDONLY);
+  const repository::OpenFile file = repository::open_file(path, O_RDONLY);
   const struct stat status = repository::status_of(file);
   if (!S_ISREG(status.st_mode) && !S_ISFIFO(status.st_mode)) {
     repository::refuse_kind(path, status.st_mode, "a regular file or a pipe");

@@ -2,13 +2,19 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
+#include <system_error>
 
-#include "registry_docs/repository/descriptor.h"
+#include "port/disk.h"
+#include "registry_docs/errors.h"
 #include "registry_docs/repository/file.h"
+#include "registry_docs/repository/open_file.h"
 
 namespace registry_docs::repository {
 namespace {
+
+using port::last_error;
 
 // Keeps every signal that can wait from this thread until the file in hand is whole.
 class SignalsHeld {
@@ -26,28 +32,8 @@ class SignalsHeld {
   sigset_t before_{};
 };
 
-// Makes a call until no signal interrupts it. Returns its failure, if any.
-template <typename Call>
-std::error_code finish(Call call) {
-  while (call() != 0) {
-    if (errno != EINTR) return last_error();
-  }
-  return {};
-}
-
-// Has the system set room aside for a longer text while the old one still stands.
-std::error_code claim_room(const Descriptor& file, std::size_t old_size, std::size_t size) {
-  if (size <= old_size) return {};
-  const std::error_code failure = finish([&] {
-    return ::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size));
-  });
-  const bool is_offered = failure != std::errc::operation_not_supported &&
-                          failure != std::errc::function_not_supported;
-  return is_offered ? failure : std::error_code();
-}
-
 // `end` is the offset up to which the bytes were written, also when it fails.
-std::error_code write_at(const Descriptor& file, std::string_view bytes, std::size_t offset,
+std::error_code write_at(const OpenFile& file, std::string_view bytes, std::size_t offset,
                          std::size_t& end) {
   for (end = offset; !bytes.empty();) {
     const ssize_t count =
@@ -61,16 +47,8 @@ std::error_code write_at(const Descriptor& file, std::string_view bytes, std::si
   return {};
 }
 
-std::error_code set_length(const Descriptor& file, std::size_t size) {
-  return finish([&] { return ::ftruncate(file.number(), static_cast<off_t>(size)); });
-}
-
-// Waits until the disk holds the text: some failures to write show only then.
-std::error_code store(const Descriptor& file) {
-  const std::error_code failure = finish([&] { return ::fdatasync(file.number()); });
-  const bool is_offered =
-      failure != std::errc::invalid_argument && failure != std::errc::function_not_supported;
-  return is_offered ? failure : std::error_code();
+std::error_code set_length(const OpenFile& file, std::size_t size) {
+  return port::finish([&] { return ::ftruncate(file.number(), static_cast<off_t>(size)); });
 }
 
 // The old bytes that were lost to new ones, as offsets.
@@ -82,7 +60,7 @@ struct Range {
 // Makes `text` the contents of a file that holds `old_bytes`. What they have in common at
 // the beginning stays untouched, and what goes beyond their end is written first: where no
 // room could be claimed, a full disk shows while they still stand.
-std::error_code replace(const Descriptor& file, std::string_view old_bytes,
+std::error_code replace(const OpenFile& file, std::string_view old_bytes,
                         std::string_view text, Range& lost) {
   const std::size_t shared = std::min(old_bytes.size(), text.size());
   const auto difference = std::ranges::mismatch(old_bytes, text).in1 - old_bytes.begin();
@@ -95,36 +73,36 @@ std::error_code replace(const Descriptor& file, std::string_view old_bytes,
     if (const auto failure = set_length(file, text.size())) return failure;
     lost.end = old_bytes.size();
   }
-  return store(file);
+  return port::store(file.descriptor);
 }
 
 // Writes no more than was lost: a limit may forbid even that the same bytes are written.
-std::error_code put_back(const Descriptor& file, std::string_view old_bytes, Range lost) {
+std::error_code put_back(const OpenFile& file, std::string_view old_bytes, Range lost) {
   const std::string_view bytes = old_bytes.substr(lost.begin, lost.end - lost.begin);
   if (const auto failure = write_at(file, bytes, lost.begin, lost.end)) return failure;
   if (const auto failure = set_length(file, old_bytes.size())) return failure;
-  return store(file);
+  return port::store(file.descriptor);
 }
 
-[[noreturn]] void give_up(const Descriptor& file, std::error_code failure,
+[[noreturn]] void give_up(const OpenFile& file, std::error_code failure,
                           std::error_code second) {
-  if (!second) throw FileError(file.path(), failure);
+  if (!second) throw FileError(file.path, failure);
   throw FileError(
-      file.path(), failure,
+      file.path, failure,
       failure.message() + "; putting the old text back failed too: " + second.message());
 }
 
 // Refuses a file at whose place or in whose bytes somebody else was at work.
-void require_alone(const Descriptor& file, const struct stat& status, std::string_view bytes,
+void require_alone(const OpenFile& file, const struct stat& status, std::string_view bytes,
                    const std::string& expected) {
   struct stat now {};
-  if (::stat(file.path().c_str(), &now) != 0 || ::lseek(file.number(), 0, SEEK_SET) != 0) {
-    throw FileError(file.path(), last_error());
+  if (::stat(file.path.c_str(), &now) != 0 || ::lseek(file.number(), 0, SEEK_SET) != 0) {
+    throw FileError(file.path, last_error());
   }
   const bool is_same = now.st_ino == status.st_ino && now.st_dev == status.st_dev;
   if (is_same && rest_of(file, now) == bytes) return;
   throw FileError(
-      file.path(), std::make_error_code(std::errc::device_or_resource_busy),
+      file.path, std::make_error_code(std::errc::device_or_resource_busy),
       "expected " + expected + ", found another: some other program writes it too");
 }
 
@@ -133,15 +111,17 @@ void require_alone(const Descriptor& file, const struct stat& status, std::strin
 void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
              std::string_view text) {
   const SignalsHeld held;
-  Descriptor file(path, O_RDWR | O_NONBLOCK);
+  OpenFile file = open_file(path, O_RDWR | O_NONBLOCK);
   const struct stat status = regular_status_of(file);
   require_alone(file, status, old_bytes, "the text that was read before");
   Range lost;
-  std::error_code failure = claim_room(file, old_bytes.size(), text.size());
+  std::error_code failure;
+  // While the old text still stands.
+  if (text.size() > old_bytes.size()) failure = port::claim_room(file.descriptor, text.size());
   if (!failure) failure = replace(file, old_bytes, text, lost);
   if (failure) give_up(file, failure, put_back(file, old_bytes, lost));
   require_alone(file, status, text, "the text that was written");
-  if ((failure = file.close())) throw FileError(path, failure);
+  if ((failure = file.descriptor.close())) throw FileError(path, failure);
 }
 
 }  // namespace registry_docs::repository

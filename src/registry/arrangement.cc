@@ -1,0 +1,174 @@
+#include "registry/arrangement.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "json/pointer.h"
+#include "registry/members.h"
+#include "registry_docs/text.h"
+
+namespace registry {
+namespace {
+
+using json::Kind;
+using json::MaybeNode;
+using json::Node;
+using registry_docs::in_quotes;
+using registry_docs::catalog::Catalog;
+using registry_docs::catalog::Group;
+using registry_docs::catalog::Tool;
+using ToolsByName = std::unordered_map<std::string_view, Tool*>;
+
+void put_in_order(const Node& registry, Catalog& catalog) {
+  const MaybeNode order = registry.find("order");
+  if (!order || order->string() == "declared") return;
+  if (order->string() != "name") {
+    order->refuse(R"("declared" or "name")", in_quotes(order->string()));
+  }
+  std::ranges::stable_sort(catalog.tools, {}, &Tool::name);
+}
+
+ToolsByName by_name(Catalog& catalog) {
+  ToolsByName tools;
+  for (Tool& tool : catalog.tools) tools.emplace(tool.name, &tool);
+  return tools;
+}
+
+// What the member "tools" adds. That its tools are there is seen to elsewhere.
+void add_extras(const Node& registry, const ToolsByName& tools) {
+  const MaybeNode declared = registry.find("tools");
+  if (!declared) return;
+  declared->for_each_element([&](const Node& entry) {
+    constexpr std::array<std::string_view, 3> names = {"name", "summary", "extra"};
+    const auto [name, summary, extra] = entry.find_each(names);
+    const auto found = name ? tools.find(name->string()) : tools.end();
+    if (found == tools.end()) return;
+    if (summary) found->second->summary = summary->string();
+    found->second->extra = extra;
+  });
+}
+
+// Whether a name fits a pattern, in which "*" stands for any characters.
+bool fits(std::string_view name, std::string_view pattern) {
+  const std::size_t star = pattern.find('*');
+  if (star == std::string_view::npos) return name == pattern;
+  if (!name.starts_with(pattern.substr(0, star))) return false;
+  name.remove_prefix(star);
+  pattern.remove_prefix(star + 1);
+  for (std::size_t skipped = 0; skipped <= name.size(); ++skipped) {
+    if (fits(name.substr(skipped), pattern)) return true;
+  }
+  return false;
+}
+
+bool is_pattern(std::string_view text) { return text.find('*') != std::string_view::npos; }
+
+// Puts the tools that the list names into the group, unless another has them already.
+void claim(const Node& list, std::string_view group, Catalog& catalog, bool is_for_patterns) {
+  list.for_each_element([&](const Node& wanted) {
+    if (is_pattern(wanted.string()) != is_for_patterns) return;
+    bool is_found = false;
+    for (Tool& tool : catalog.tools) {
+      if (!fits(tool.name, wanted.string())) continue;
+      is_found = true;
+      if (tool.group.empty()) tool.group = group;
+    }
+    if (is_found) return;
+    wanted.refuse(
+        is_for_patterns ? "a pattern that fits a tool" : "a tool that the server offers",
+        in_quotes(wanted.string()));
+  });
+}
+
+// The group that a tool's own entry says.
+std::string_view own_group(const Tool& tool, const MaybeNode& pointer) {
+  if (!pointer || !tool.raw) return {};
+  const MaybeNode found = json::pointed_at(*tool.raw, pointer->string());
+  return found && found->kind() == Kind::string ? found->string() : std::string_view();
+}
+
+Group group_of(const Node& declared) {
+  constexpr std::array<std::string_view, 4> names = {"name", "title", "tools", "extra"};
+  require_known_members(declared, names);
+  const auto [name, title, tools, extra] = declared.find_each(names);
+  if (!name) declared.refuse_lack("name");
+  if (name->string().empty()) name->refuse("a name", "an empty string");
+  return {.name = name->string(),
+          .title = title ? title->string() : name->string(),
+          .extra = extra};
+}
+
+// The groups in order, and the names that they have.
+void declare_groups(const Node& declared, Catalog& catalog) {
+  declared.for_each_element([&](const Node& entry) {
+    Group group = group_of(entry);
+    const bool is_known =
+        std::ranges::find(catalog.groups, group.name, &Group::name) != catalog.groups.end();
+    if (is_known) {
+      entry.at("name").refuse("a name that no other group has",
+                              in_quotes(group.name) + " again");
+    }
+    catalog.groups.push_back(std::move(group));
+  });
+  // A name says more than a pattern does, wherever the two stand.
+  for (const bool is_for_patterns : {false, true}) {
+    declared.for_each_element([&](const Node& entry) {
+      const MaybeNode tools = entry.find("tools");
+      if (tools) claim(*tools, entry.at("name").string(), catalog, is_for_patterns);
+    });
+  }
+}
+
+// Makes a group for each name that no group is declared for, as they come.
+void make_groups(Catalog& catalog) {
+  for (const Tool& tool : catalog.tools) {
+    if (tool.group.empty()) continue;
+    const auto found = std::ranges::find(catalog.groups, tool.group, &Group::name);
+    if (found == catalog.groups.end()) {
+      catalog.groups.push_back({.name = tool.group, .title = tool.group});
+    }
+  }
+}
+
+void fill_groups(const Node& where, Catalog& catalog) {
+  std::unordered_map<std::string_view, Group*> groups;
+  for (Group& group : catalog.groups) groups.emplace(group.name, &group);
+  for (const Tool& tool : catalog.tools) {
+    const auto found = groups.find(tool.group);
+    if (found == groups.end()) {
+      where.refuse("a group for every tool", "none for " + in_quotes(tool.name));
+    }
+    found->second->tools.push_back(&tool);
+  }
+}
+
+void add_groups(const Node& registry, Catalog& catalog) {
+  constexpr std::array<std::string_view, 2> names = {"groups", "group_by"};
+  const auto [declared, pointer] = registry.find_each(names);
+  if (pointer && !pointer->string().starts_with('/')) {
+    pointer->refuse("a JSON pointer into a tool, as in \"/annotations/category\"",
+                    in_quotes(pointer->string()));
+  }
+  if (declared) declare_groups(*declared, catalog);
+  if (pointer) {
+    for (Tool& tool : catalog.tools) {
+      if (tool.group.empty()) tool.group = own_group(tool, pointer);
+    }
+    if (!declared) make_groups(catalog);
+  }
+  if (declared || pointer) fill_groups(declared ? *declared : *pointer, catalog);
+}
+
+}  // namespace
+
+void arrange(const Node& registry, Catalog& catalog) {
+  put_in_order(registry, catalog);
+  add_extras(registry, by_name(catalog));
+  add_groups(registry, catalog);
+}
+
+}  // namespace registry

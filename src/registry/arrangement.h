@@ -1,0 +1,17 @@
+// How a registry document arranges what a server offers.
+#ifndef REGISTRY_ARRANGEMENT_H
+#define REGISTRY_ARRANGEMENT_H
+
+#include "json/node.h"
+#include "registry_docs/catalog/catalog.h"
+
+namespace registry {
+
+// Puts the tools into the order that the member "order" says, gives them the summaries and the
+// extras of "tools", and makes the groups of "groups" and "group_by". Refuses a group's tool
+// that is not in the catalog, and a tool that no group holds. Borrows from the document.
+void arrange(const json::Node& registry, registry_docs::catalog::Catalog& catalog);
+
+}  // namespace registry
+
+#endif  // REGISTRY_ARRANGEMENT_H

@@ -1,0 +1,82 @@
+#include "registry/documents.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "json/node.h"
+#include "registry_docs/errors.h"
+#include "registry_docs/text.h"
+#include "tesmo_sorvet/host.h"
+
+namespace registry {
+namespace {
+
+using json::Document;
+
+std::string standard_input() {
+  std::string bytes;
+  std::array<char, 65536> buffer{};
+  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stdin)) {
+    bytes.append(buffer.data(), count);
+  }
+  if (std::ferror(stdin) != 0) {
+    throw registry_docs::FileError("-", {errno, std::generic_category()});
+  }
+  return bytes;
+}
+
+// Only a file that was named may be a pipe: the one in a repository is not waited on.
+std::string named_file(const std::string& name) {
+  if (name == "-") return standard_input();
+  return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
+}
+
+std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
+  return std::make_shared<Document>(
+      path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular));
+}
+
+}  // namespace
+
+// The first place is looked at by reading it, as most registries stand there.
+std::shared_ptr<Document> registry_document(const std::filesystem::path& root,
+                                            const Sources& sources) {
+  if (sources.registry) {
+    return std::make_shared<Document>(*sources.registry, named_file(*sources.registry));
+  }
+  try {
+    return repository_file(root / tesmo_sorvet::registry_path);
+  } catch (const registry_docs::FileError& error) {
+    const auto other = root / registry_path;
+    const bool is_absent = error.code() == std::errc::no_such_file_or_directory;
+    if (!is_absent || ::access(other.c_str(), F_OK) != 0) throw;
+    return repository_file(other);
+  }
+}
+
+std::shared_ptr<Document> answer_document(const Document& document, const Sources& sources) {
+  const json::Node registry(document);
+  const std::optional<Server> declared = server(registry);
+  if (!sources.tools && !declared) return nullptr;
+  if (!sources.tools && !sources.ask) {
+    registry.at("server").refuse("a saved answer beside it", "none");
+  }
+  std::string name = sources.tools ? *sources.tools : "the answer of " + declared->command;
+  std::string json = sources.tools ? named_file(*sources.tools) : sources.ask(*declared);
+  if (sources.keep) sources.keep(json);
+  return std::make_shared<Document>(std::move(name), std::move(json));
+}
+
+std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory) {
+  for (const char* const name : {tesmo_sorvet::registry_path, registry_path}) {
+    std::filesystem::path path = directory / name;
+    if (::access(path.c_str(), F_OK) == 0) return path;
+  }
+  return std::nullopt;
+}
+
+}  // namespace registry

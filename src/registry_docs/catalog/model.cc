@@ -1,0 +1,434 @@
+#include "registry_docs/catalog/model.h"
+
+#include <algorithm>
+#include <array>
+
+#include "registry_docs/layouts/view_of.h"
+
+namespace registry_docs::catalog {
+namespace {
+
+using json_schema::Field;
+using json_schema::Limit;
+using json_schema::Piece;
+using json_schema::Remark;
+using json_schema::Words;
+using layouts::list_of;
+using layouts::ListType;
+using layouts::Member;
+using layouts::member;
+using layouts::ObjectType;
+using layouts::View;
+using layouts::view_of;
+
+View text_view(const std::string& text) { return View::text(text); }
+View literal_view(const std::string_view& text) { return View::text(text); }
+
+// The numbers that depths are, one behind the other.
+constexpr std::size_t most_depth = 999;
+constexpr auto spelled_numbers = [] {
+  std::array<char, 3 * (most_depth + 1)> digits{};
+  for (std::size_t i = 0; i <= most_depth; ++i) {
+    digits[3 * i] = static_cast<char>('0' + i / 100);
+    digits[3 * i + 1] = static_cast<char>('0' + i / 10 % 10);
+    digits[3 * i + 2] = static_cast<char>('0' + i % 10);
+  }
+  return digits;
+}();
+
+std::string_view spelled_number(std::size_t number) {
+  const std::size_t size = number < 10 ? 1 : number < 100 ? 2 : 3;
+  const std::size_t at = 3 * std::min(number, most_depth);
+  return {spelled_numbers.data() + at + 3 - size, size};
+}
+
+// --- Words ---
+
+constexpr std::array piece_members = {
+    member<&Piece::text>("text"),
+    member<&Piece::is_code>("code"),
+};
+constexpr ObjectType piece_type = {.name = "piece", .members = piece_members};
+
+View piece_view(const Piece& piece) { return View::object(piece_type, &piece); }
+View words_view(const Words& words) { return list_of<Piece, piece_view>(words); }
+
+// --- Fields ---
+
+View value_of(const Limit& limit) { return view_of(limit.value); }
+
+constexpr std::array limit_members = {
+    member<&Limit::keyword>("keyword"),
+    member<Limit, value_of>("value"),
+    member<&Limit::is_of_items>("of_items"),
+};
+constexpr ObjectType limit_type = {.name = "limit", .members = limit_members};
+
+View limit_view(const Limit& limit) { return View::object(limit_type, &limit); }
+
+View remark_default_of(const Remark& remark) {
+  return remark.default_value ? view_of(remark.default_literal) : View();
+}
+
+constexpr std::array remark_members = {
+    member<&Remark::title>("title"),
+    member<&Remark::description>("description"),
+    member<Remark, remark_default_of>("default"),
+};
+constexpr ObjectType remark_type = {.name = "remark", .members = remark_members};
+
+View remark_view(const Remark& remark) { return View::object(remark_type, &remark); }
+
+View field_view(const Field& field);
+View fields_of(const Field& field) { return list_of<Field, field_view>(field.fields); }
+View types_of(const Field& field) { return list_of<std::string, text_view>(field.types); }
+View values_of(const Field& field) {
+  return list_of<std::string_view, literal_view>(field.value_literals);
+}
+View limits_of(const Field& field) { return list_of<Words, words_view>(field.limit_words); }
+View limit_values_of(const Field& field) { return list_of<Limit, limit_view>(field.limits); }
+View notes_of_field(const Field& field) { return list_of<Words, words_view>(field.notes); }
+View examples_of(const Field& field) {
+  return list_of<std::string_view, literal_view>(field.example_literals);
+}
+View remarks_of(const Field& field) { return list_of<Remark, remark_view>(field.remarks); }
+View depth_of(const Field& field) { return View::number(spelled_number(field.depth)); }
+View default_of(const Field& field) {
+  return field.default_value ? view_of(field.default_literal) : View();
+}
+
+// Whether two texts have the same letters and digits, whatever their case and what parts them.
+bool is_same_name(std::string_view left, std::string_view right) {
+  const auto letters = [](std::string_view text) {
+    std::string kept;
+    for (const char c : text) {
+      if (c >= 'A' && c <= 'Z') kept += static_cast<char>(c - 'A' + 'a');
+      if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c < 0) kept += c;
+    }
+    return kept;
+  };
+  return letters(left) == letters(right);
+}
+View title_of(const Field& field) {
+  const bool says_something = !is_same_name(field.title, field.name);
+  return says_something ? view_of(field.title) : View();
+}
+
+constexpr std::array field_members = {
+    member<&Field::name>("name"),
+    member<&Field::path>("path"),
+    member<&Field::form>("form"),
+    member<Field, depth_of>("depth"),
+    member<&Field::type>("type"),
+    member<Field, types_of>("types"),
+    member<&Field::is_required>("required"),
+    member<&Field::is_nullable>("nullable"),
+    member<&Field::has_nullable_items>("nullable_items"),
+    member<Field, default_of>("default"),
+    member<Field, values_of>("values"),
+    member<Field, limits_of>("limits"),
+    member<Field, limit_values_of>("limit_values"),
+    member<Field, notes_of_field>("notes"),
+    member<Field, remarks_of>("remarks"),
+    member<Field, examples_of>("examples"),
+    member<&Field::is_deprecated>("deprecated"),
+    member<Field, title_of>("title"),
+    member<&Field::description>("description"),
+    member<Field, fields_of>("fields"),
+    member<&Field::schema>("raw"),
+};
+constexpr ObjectType field_type = {.name = "field", .members = field_members};
+
+View field_view(const Field& field) { return View::object(field_type, &field); }
+
+View fields_view(const std::vector<Field>& fields) {
+  return list_of<Field, field_view>(fields);
+}
+
+// Every field of a list, each before those within it.
+std::size_t count_all(const std::vector<Field>& fields) {
+  std::size_t count = fields.size();
+  for (const Field& field : fields) count += count_all(field.fields);
+  return count;
+}
+
+void visit_all(const std::vector<Field>& fields, const std::function<void(View)>& visit) {
+  for (const Field& field : fields) {
+    visit(field_view(field));
+    visit_all(field.fields, visit);
+  }
+}
+
+const std::vector<Field>& as_fields(const void* list) {
+  return *static_cast<const std::vector<Field>*>(list);
+}
+
+constexpr ListType all_fields_type = {
+    .size = [](const void* list) { return count_all(as_fields(list)); },
+    .for_each =
+        [](const void* list, const std::function<void(View)>& visit) {
+          visit_all(as_fields(list), visit);
+        }};
+
+View all_fields_view(const std::vector<Field>& fields) {
+  return View::list(all_fields_type, &fields);
+}
+
+// --- Tools ---
+
+constexpr std::array hint_members = {
+    member<&Hint::name>("name"),
+    member<&Hint::value>("value"),
+    member<&Hint::is_given>("given"),
+};
+constexpr ObjectType hint_type = {.name = "hint", .members = hint_members};
+
+template <Hint Hints::*hint>
+View hint_of(const Hints& hints) {
+  return View::object(hint_type, &(hints.*hint));
+}
+
+constexpr std::array hints_members = {
+    member<Hints, hint_of<&Hints::read_only>>("read_only"),
+    member<Hints, hint_of<&Hints::destructive>>("destructive"),
+    member<Hints, hint_of<&Hints::idempotent>>("idempotent"),
+    member<Hints, hint_of<&Hints::open_world>>("open_world"),
+};
+constexpr ObjectType hints_type = {.name = "hints", .members = hints_members};
+
+// What the given hints say, in words.
+struct HintWords {
+  Hint Hints::*hint;
+  std::string_view if_true;
+  std::string_view if_false;
+};
+constexpr std::array hint_words = {
+    HintWords{&Hints::read_only, "read-only", "not read-only"},
+    HintWords{&Hints::destructive, "destructive", "not destructive"},
+    HintWords{&Hints::idempotent, "idempotent", "not idempotent"},
+    HintWords{&Hints::open_world, "open world", "closed world"},
+};
+
+constexpr ListType hint_words_type = {
+    .size =
+        [](const void* list) {
+          const Hints& hints = *static_cast<const Hints*>(list);
+          return static_cast<std::size_t>(std::ranges::count_if(
+              hint_words, [&](const HintWords& each) { return (hints.*each.hint).is_given; }));
+        },
+    .for_each =
+        [](const void* list, const std::function<void(View)>& visit) {
+          const Hints& hints = *static_cast<const Hints*>(list);
+          for (const HintWords& each : hint_words) {
+            const Hint& hint = hints.*each.hint;
+            if (hint.is_given) visit(View::text(hint.value ? each.if_true : each.if_false));
+          }
+        }};
+
+// The one word that a reader looks for before calling the tool.
+View effect_of(const Tool& tool) {
+  const Hints& hints = tool.hints;
+  if (hints.read_only.value) return View::text("read-only");
+  if (hints.destructive.is_given && hints.destructive.value) return View::text("destructive");
+  return View::text("");
+}
+
+View hints_of(const Tool& tool) { return View::object(hints_type, &tool.hints); }
+View hint_words_of(const Tool& tool) { return View::list(hint_words_type, &tool.hints); }
+View parameters_of(const Tool& tool) { return fields_view(tool.parameters); }
+View all_parameters_of(const Tool& tool) { return all_fields_view(tool.parameters); }
+View output_of(const Tool& tool) { return fields_view(tool.output); }
+View all_output_of(const Tool& tool) { return all_fields_view(tool.output); }
+View notes_of(const Tool& tool) { return list_of<Words, words_view>(tool.notes); }
+
+constexpr std::array tool_members = {
+    member<&Tool::name>("name"),
+    member<&Tool::title>("title"),
+    member<&Tool::description>("description"),
+    member<&Tool::summary>("summary"),
+    member<Tool, hints_of>("hints"),
+    member<Tool, hint_words_of>("hint_words"),
+    member<Tool, effect_of>("effect"),
+    member<&Tool::group>("group"),
+    member<&Tool::anchor>("anchor"),
+    member<Tool, parameters_of>("parameters"),
+    member<Tool, all_parameters_of>("all_parameters"),
+    member<Tool, notes_of>("notes"),
+    member<Tool, output_of>("output"),
+    member<Tool, all_output_of>("all_output"),
+    member<&Tool::extra>("extra"),
+    member<&Tool::raw>("raw"),
+};
+constexpr ObjectType tool_type = {.name = "tool", .members = tool_members};
+
+View tool_view(const Tool& tool) { return View::object(tool_type, &tool); }
+View tool_pointer_view(const Tool* const& tool) { return tool_view(*tool); }
+
+View tools_of_group(const Group& group) {
+  return list_of<const Tool*, tool_pointer_view>(group.tools);
+}
+
+constexpr std::array group_members = {
+    member<&Group::name>("name"),     member<&Group::title>("title"),
+    member<&Group::anchor>("anchor"), member<Group, tools_of_group>("tools"),
+    member<&Group::extra>("extra"),
+};
+constexpr ObjectType group_type = {.name = "group", .members = group_members};
+
+View group_view(const Group& group) { return View::object(group_type, &group); }
+
+// --- Prompts and resources ---
+
+constexpr std::array argument_members = {
+    member<&Argument::name>("name"),
+    member<&Argument::title>("title"),
+    member<&Argument::description>("description"),
+    member<&Argument::is_required>("required"),
+    member<&Argument::raw>("raw"),
+};
+constexpr ObjectType argument_type = {.name = "argument", .members = argument_members};
+
+View argument_view(const Argument& argument) { return View::object(argument_type, &argument); }
+View arguments_of(const Prompt& prompt) {
+  return list_of<Argument, argument_view>(prompt.arguments);
+}
+
+constexpr std::array prompt_members = {
+    member<&Prompt::name>("name"),
+    member<&Prompt::title>("title"),
+    member<&Prompt::description>("description"),
+    member<&Prompt::summary>("summary"),
+    member<&Prompt::anchor>("anchor"),
+    member<Prompt, arguments_of>("arguments"),
+    member<&Prompt::raw>("raw"),
+};
+constexpr ObjectType prompt_type = {.name = "prompt", .members = prompt_members};
+
+View prompt_view(const Prompt& prompt) { return View::object(prompt_type, &prompt); }
+
+View size_of(const Resource& resource) {
+  return resource.size.empty() ? View() : View::number(resource.size);
+}
+
+constexpr std::array resource_members = {
+    member<&Resource::uri>("uri"),         member<&Resource::name>("name"),
+    member<&Resource::title>("title"),     member<&Resource::description>("description"),
+    member<&Resource::summary>("summary"), member<&Resource::mime_type>("mime_type"),
+    member<Resource, size_of>("size"),     member<&Resource::anchor>("anchor"),
+    member<&Resource::raw>("raw"),
+};
+constexpr ObjectType resource_type = {.name = "resource", .members = resource_members};
+
+View resource_view(const Resource& resource) { return View::object(resource_type, &resource); }
+
+// --- The whole ---
+
+constexpr std::array server_members = {
+    member<&Server::name>("name"),       member<&Server::title>("title"),
+    member<&Server::version>("version"), member<&Server::instructions>("instructions"),
+    member<&Server::website>("website"),
+};
+constexpr ObjectType server_type = {.name = "server", .members = server_members};
+
+// Whether any tool has something to show.
+template <bool (*has)(const Tool&)>
+View any_tool(const Catalog& catalog) {
+  return View::truth(std::ranges::any_of(catalog.tools, has));
+}
+bool has_summary(const Tool& tool) { return !tool.summary.empty(); }
+bool has_effect(const Tool& tool) { return effect_of(tool).is_shown(); }
+bool has_title(const Tool& tool) { return !tool.title.empty(); }
+
+constexpr std::array any_members = {
+    member<Catalog, any_tool<has_summary>>("summaries"),
+    member<Catalog, any_tool<has_effect>>("effects"),
+    member<Catalog, any_tool<has_title>>("titles"),
+};
+constexpr ObjectType any_type = {.name = "any", .members = any_members};
+
+constexpr std::array reference_members = {Member{
+    "path", [](const void* path) { return view_of(*static_cast<const std::string*>(path)); }}};
+constexpr ObjectType reference_type = {.name = "reference", .members = reference_members};
+
+View reference_of(const Model& model) {
+  if (!model.block.reference) return {};
+  return View::object(reference_type, &*model.block.reference);
+}
+View block_name(const Model& model) { return view_of(model.block.name); }
+
+constexpr std::array block_members = {
+    member<Model, block_name>("name"),
+    member<&Model::h1>("h1"),
+    member<&Model::h2>("h2"),
+    member<&Model::h3>("h3"),
+    member<Model, reference_of>("reference"),
+};
+constexpr ObjectType block_type = {.name = "block", .members = block_members};
+
+template <std::string Model::Counts::*count>
+View count_of(const Model::Counts& counts) {
+  return View::number(counts.*count);
+}
+
+constexpr std::array counts_members = {
+    member<Model::Counts, count_of<&Model::Counts::tools>>("tools"),
+    member<Model::Counts, count_of<&Model::Counts::groups>>("groups"),
+    member<Model::Counts, count_of<&Model::Counts::prompts>>("prompts"),
+    member<Model::Counts, count_of<&Model::Counts::resources>>("resources"),
+    member<Model::Counts, count_of<&Model::Counts::templates>>("templates"),
+};
+constexpr ObjectType counts_type = {.name = "counts", .members = counts_members};
+
+View server_of(const Model& model) {
+  return View::object(server_type, &model.catalog->server);
+}
+View tools_of(const Model& model) { return list_of<Tool, tool_view>(model.catalog->tools); }
+View groups_of(const Model& model) {
+  return list_of<Group, group_view>(model.catalog->groups);
+}
+View prompts_of(const Model& model) {
+  return list_of<Prompt, prompt_view>(model.catalog->prompts);
+}
+View resources_of(const Model& model) {
+  return list_of<Resource, resource_view>(model.catalog->resources);
+}
+View templates_of(const Model& model) {
+  return list_of<Resource, resource_view>(model.catalog->templates);
+}
+View counts_of(const Model& model) { return View::object(counts_type, &model.counts); }
+View any_of(const Model& model) { return View::object(any_type, model.catalog); }
+View block_of(const Model& model) { return View::object(block_type, &model); }
+View tool_of(const Model& model) {
+  return model.block.tool == nullptr ? View() : tool_view(*model.block.tool);
+}
+
+constexpr std::array model_members = {
+    member<Model, server_of>("server"),       member<Model, counts_of>("counts"),
+    member<Model, groups_of>("groups"),       member<Model, tools_of>("tools"),
+    member<Model, prompts_of>("prompts"),     member<Model, resources_of>("resources"),
+    member<Model, templates_of>("templates"), member<Model, any_of>("any"),
+    member<Model, block_of>("block"),         member<Model, tool_of>("tool"),
+};
+constexpr ObjectType model_type = {.name = "the model", .members = model_members};
+
+std::string marks(std::size_t level) {
+  return std::string(std::clamp<std::size_t>(level, 1, 6), '#');
+}
+
+}  // namespace
+
+Model::Model(const Catalog& from, Block of)
+    : catalog(&from),
+      block(std::move(of)),
+      h1(marks(block.heading)),
+      h2(marks(block.heading + 1)),
+      h3(marks(block.heading + 2)),
+      counts{.tools = std::to_string(from.tools.size()),
+             .prompts = std::to_string(from.prompts.size()),
+             .resources = std::to_string(from.resources.size()),
+             .templates = std::to_string(from.templates.size()),
+             .groups = std::to_string(from.groups.size())} {}
+
+View Model::view() const { return View::object(model_type, this); }
+
+}  // namespace registry_docs::catalog

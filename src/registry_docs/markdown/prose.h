@@ -1,0 +1,29 @@
+// Running text.
+#ifndef REGISTRY_DOCS_MARKDOWN_PROSE_H
+#define REGISTRY_DOCS_MARKDOWN_PROSE_H
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "registry_docs/markdown/code_span.h"
+
+namespace registry_docs::markdown {
+
+// Appends what stands for a line feed of the text and the blanks around it.
+using EndLine = std::function<void(const char* line_feed)>;
+
+// Appends what shows `text`, which may begin a line, with its code spans, each on one line. It
+// is a `shown_text` with no blanks and line feeds at its ends. Without `end_line` all of it
+// stands on one line.
+void append_prose(std::string& to, std::string_view text, const EndLine& end_line = {});
+
+// Appends the span on one line. HTML stands for one in which a block's marker would be found.
+void append_span(std::string& to, const CodeSpan& span);
+
+// What a code span of this line would show, as HTML within a line.
+void append_code_element(std::string& to, std::string_view code);
+
+}  // namespace registry_docs::markdown
+
+#endif  // REGISTRY_DOCS_MARKDOWN_PROSE_H

@@ -1,0 +1,156 @@
+"""Blocks that layouts make of a saved answer: order, groups, templates of one's own, refusals."""
+
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+PROGRAM = os.environ["PROGRAM"]
+ANSWER = {"serverInfo": {"name": "notes", "title": "Notes"}, "tools": [
+    {"name": "write_note", "description": "\n  Writes `a|b` to <path>. More of it.\n",
+     "annotations": {"destructiveHint": True, "kind": "change"},
+     "inputSchema": {"type": "object", "required": ["edits"], "properties": {"edits": {
+         "type": "array", "items": {"type": "object", "properties": {
+             "oldText": {"type": "string", "maxLength": 9, "default": ""}}}}}}},
+    {"name": "read_note", "title": "Read", "annotations": {"readOnlyHint": True, "kind": "look"},
+     "inputSchema": {"type": "object"}}],
+    "prompts": [{"name": "tidy", "arguments": [{"name": "depth", "required": True}]}]}
+GROUPS = [{"name": "look", "title": "Looking", "tools": ["read_*"]},
+          {"name": "rest", "tools": ["*"], "extra": {"mark": "!"}}]
+TABLE = """\
+| Tool | Description | Effect |
+| --- | --- | --- |
+| [`write_note`](docs/all.md#write_note) | Writes `a\\|b` to \\<path>. | destructive |
+| [`read_note`](docs/all.md#read_note) |  | read-only |
+"""
+GROUPED = """\
+Looking: read_note.
+rest!: write_note.
+"""
+REFERENCE = """\
+- [`write_note`](#write_note)
+- [`read_note`](#read_note)
+
+## `write_note`
+
+Writes `a|b` to \\<path>. More of it.
+
+Hints: destructive
+
+Parameters:
+
+- `edits` (`object[]`, required)
+  - `oldText` (`string`, at most 9 characters, default `""`)
+
+## `read_note`
+
+**Read**
+
+Hints: read-only
+
+## Prompts
+
+- `tidy`
+  - `depth` (required)
+"""
+REFUSED = {  # what the registry holds besides, a template, and the message
+    "a tool in no group": ({"groups": GROUPS[:1]}, "", "registry-docs.json: groups: expected a group for every "
+                           'tool, found none for "write_note"'),
+    "a group's tool that is gone": (
+        {"groups": [{"name": "a", "tools": ["x", "*"]}]}, "", "registry-docs.json: groups[0].tools[0]: expected a "
+        'tool that the server offers, found "x"'),
+    "a pattern for nothing": ({"groups": [{"name": "a", "tools": ["x*", "*"]}]}, "", "registry-docs.json: "
+                              'groups[0].tools[0]: expected a pattern that fits a tool, found "x*"'),
+    "a member amiss": ({"groups": [{"name": "a", "titel": "A"}]}, "", "registry-docs.json: groups[0]: expected no "
+                       'other members than name, title, tools, extra, found "titel", perhaps "title"'),
+    "an order that there is not": ({"order": "size"}, "", 'registry-docs.json: order: expected "declared" or '
+                                   '"name", found "size"'),
+    "a place that is none": ({"group_by": "kind"}, "", "registry-docs.json: group_by: expected a JSON pointer into "
+                             'a tool, as in "/annotations/category", found "kind"'),
+    "a section left open": ({}, "{{#tools}}\n", "own.mustache:1: expected"),
+    "a name that nothing has": ({}, "{{#tools}}\n{{descripton}}{{/tools}}", "own.mustache:2: expected a member of "
+                                'tool or the model, found "descripton", perhaps "description"'),
+    "a block's marker": ({}, "<!-- registry:own -->", "own.mustache: expected a text without a block's marker, "
+                         'found "<!-- registry:own -->"'),
+}
+
+
+class Layouts(unittest.TestCase):
+    def setUp(self):
+        self.root = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory())).resolve()
+        (self.root / "docs").mkdir()
+        (self.root / "answer.json").write_text(json.dumps(ANSWER))
+
+    def declare(self, files, **more):
+        """Declares files by their blocks, with empty blocks of the names that blocks begin with."""
+        listed = []
+        for path, blocks in files.items():
+            listed.append({"path": path, "blocks": blocks})
+            names = [block if isinstance(block, str) else block["name"] for block in blocks]
+            names = [each for name in names for each in (
+                [name[:-1] + tool["name"] for tool in ANSWER["tools"]] if name[-1] == "*" else [name])]
+            (self.root / path).write_text("".join(
+                f"<!-- registry:{name} -->\n<!-- /registry:{name} -->\n" for name in names))
+        (self.root / "registry-docs.json").write_text(json.dumps({"files": listed} | more))
+
+    def run_program(self, *arguments):
+        return subprocess.run([PROGRAM, *arguments, "--tools", "answer.json"], cwd=self.root,
+                              check=False, capture_output=True, text=True)
+
+    def written(self, path):
+        done = self.run_program("--write")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(self.run_program("--check").stdout, "")
+        return (self.root / path).read_text()
+
+    def test_layouts_of_the_program(self):
+        self.declare({"README.md": ["tools", "count", "tool:*"],
+                      "docs/all.md": [{"name": "all", "layout": "reference", "heading": 2}]})
+        readme = self.written("README.md")
+        self.assertIn(f"-->\n{TABLE}<!--", readme)
+        self.assertIn("<!-- registry:count -->\n2\n", readme)
+        self.assertIn("<!-- registry:tool:read_note -->\n**Read**\n\nHints: read-only\n<!--", readme)
+        self.assertEqual((self.root / "docs/all.md").read_text().split("-->\n", 1)[1],
+                         REFERENCE + "<!-- /registry:all -->\n")
+
+    def test_a_template_of_one_s_own(self):
+        (self.root / "own.mustache").write_text(
+            "{{#groups}}\n{{title}}{{extra.mark}}: {{#tools}}{{> one}}{{/tools}}\n{{/groups}}\n")
+        (self.root / "one.mustache").write_text("{{name}}.")
+        own = {"name": "own", "layout": "own.mustache"}
+        for more in ({"groups": GROUPS}, {"groups": [{"name": "look", "title": "Looking"}, GROUPS[1]],
+                                          "group_by": "/annotations/kind", "order": "name"}):
+            if "group_by" in more:
+                more["groups"][1] = {"name": "change", "title": "rest", "extra": {"mark": "!"}}
+            with self.subTest(more):
+                self.declare({"README.md": [own]}, **more)
+                self.assertIn(f"-->\n{GROUPED}<!--", self.written("README.md"))
+
+    def test_refusals(self):
+        for name, (more, template, message) in REFUSED.items():
+            with self.subTest(name):
+                (self.root / "own.mustache").write_text(template)
+                self.declare({"README.md": [{"name": "own", "layout": "own.mustache"}]}, **more)
+                done = self.run_program("--check")
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertTrue(done.stderr.replace(f"{self.root}/", "").startswith(message), done.stderr)
+
+    def test_what_can_be_printed(self):
+        self.declare({"README.md": ["count"]})
+        model = json.loads(self.run_program("--print-model").stdout)
+        self.assertEqual((model["server"]["title"], model["counts"]["tools"]), ("Notes", 2))
+        tool = model["tools"][0]
+        self.assertEqual((tool["summary"], tool["raw"]), ("Writes `a|b` to <path>.", ANSWER["tools"][0]))
+        field = tool["all_parameters"][1]
+        self.assertEqual((field["path"], field["depth"], field["default"]), ("edits[].oldText", 1, '""'))
+        printed = subprocess.run([PROGRAM, "--print-layout", "tools"], check=True, capture_output=True, text=True)
+        self.assertIn("{{#groups}}", printed.stdout)
+        refused = subprocess.run([PROGRAM, "--print-layout", "x"], check=False, capture_output=True, text=True)
+        self.assertEqual(refused.stderr, "--print-layout: expected one of count, list, prompts, reference, "
+                         "resources, tool, tools, found 'x'\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
