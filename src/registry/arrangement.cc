@@ -6,10 +6,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "json/pointer.h"
 #include "registry/members.h"
 #include "registry_docs/text.h"
+#include "text/wildcard.h"
 
 namespace registry {
 namespace {
@@ -52,35 +54,35 @@ void add_extras(const Node& registry, const ToolsByName& tools) {
   });
 }
 
-// Whether a name fits a pattern, in which "*" stands for any characters.
-bool fits(std::string_view name, std::string_view pattern) {
-  const std::size_t star = pattern.find('*');
-  if (star == std::string_view::npos) return name == pattern;
-  if (!name.starts_with(pattern.substr(0, star))) return false;
-  name.remove_prefix(star);
-  pattern.remove_prefix(star + 1);
-  for (std::size_t skipped = 0; skipped <= name.size(); ++skipped) {
-    if (fits(name.substr(skipped), pattern)) return true;
-  }
-  return false;
+void put_into(std::string_view group, Tool& tool) {
+  if (tool.group.empty()) tool.group = group;
 }
 
-bool is_pattern(std::string_view text) { return text.find('*') != std::string_view::npos; }
-
 // Puts the tools that the list names into the group, unless another has them already.
-void claim(const Node& list, std::string_view group, Catalog& catalog, bool is_for_patterns) {
+void claim_names(const Node& list, std::string_view group, const ToolsByName& tools) {
   list.for_each_element([&](const Node& wanted) {
-    if (is_pattern(wanted.string()) != is_for_patterns) return;
+    if (text::has_wildcard(wanted.string())) return;
+    const auto found = tools.find(wanted.string());
+    if (found == tools.end()) {
+      wanted.refuse("a tool that the server offers", in_quotes(wanted.string()));
+    }
+    put_into(group, *found->second);
+  });
+}
+
+// The same for those that fit one of its patterns.
+void claim_patterns(const Node& list, std::string_view group, Catalog& catalog) {
+  list.for_each_element([&](const Node& wanted) {
+    if (!text::has_wildcard(wanted.string())) return;
     bool is_found = false;
     for (Tool& tool : catalog.tools) {
-      if (!fits(tool.name, wanted.string())) continue;
+      if (!text::fits_wildcards(tool.name, wanted.string())) continue;
       is_found = true;
-      if (tool.group.empty()) tool.group = group;
+      put_into(group, tool);
     }
-    if (is_found) return;
-    wanted.refuse(
-        is_for_patterns ? "a pattern that fits a tool" : "a tool that the server offers",
-        in_quotes(wanted.string()));
+    if (!is_found) {
+      wanted.refuse("a pattern that fits a tool", in_quotes(wanted.string()));
+    }
   });
 }
 
@@ -103,34 +105,32 @@ Group group_of(const Node& declared) {
 }
 
 // The groups in order, and the names that they have.
-void declare_groups(const Node& declared, Catalog& catalog) {
+void declare_groups(const Node& declared, const ToolsByName& tools, Catalog& catalog) {
+  std::unordered_set<std::string_view> names;
   declared.for_each_element([&](const Node& entry) {
     Group group = group_of(entry);
-    const bool is_known =
-        std::ranges::find(catalog.groups, group.name, &Group::name) != catalog.groups.end();
-    if (is_known) {
+    if (!names.insert(group.name).second) {
       entry.at("name").refuse("a name that no other group has",
                               in_quotes(group.name) + " again");
     }
     catalog.groups.push_back(std::move(group));
   });
   // A name says more than a pattern does, wherever the two stand.
-  for (const bool is_for_patterns : {false, true}) {
-    declared.for_each_element([&](const Node& entry) {
-      const MaybeNode tools = entry.find("tools");
-      if (tools) claim(*tools, entry.at("name").string(), catalog, is_for_patterns);
+  const auto for_each_list = [&declared](const auto& claim) {
+    declared.for_each_element([&claim](const Node& entry) {
+      if (const MaybeNode list = entry.find("tools")) claim(*list, entry.at("name").string());
     });
-  }
+  };
+  for_each_list([&](const Node& list, auto group) { claim_names(list, group, tools); });
+  for_each_list([&](const Node& list, auto group) { claim_patterns(list, group, catalog); });
 }
 
 // Makes a group for each name that no group is declared for, as they come.
 void make_groups(Catalog& catalog) {
+  std::unordered_set<std::string_view> names;
   for (const Tool& tool : catalog.tools) {
-    if (tool.group.empty()) continue;
-    const auto found = std::ranges::find(catalog.groups, tool.group, &Group::name);
-    if (found == catalog.groups.end()) {
-      catalog.groups.push_back({.name = tool.group, .title = tool.group});
-    }
+    if (tool.group.empty() || !names.insert(tool.group).second) continue;
+    catalog.groups.push_back({.name = tool.group, .title = tool.group});
   }
 }
 
@@ -146,14 +146,14 @@ void fill_groups(const Node& where, Catalog& catalog) {
   }
 }
 
-void add_groups(const Node& registry, Catalog& catalog) {
+void add_groups(const Node& registry, const ToolsByName& tools, Catalog& catalog) {
   constexpr std::array<std::string_view, 2> names = {"groups", "group_by"};
   const auto [declared, pointer] = registry.find_each(names);
   if (pointer && !pointer->string().starts_with('/')) {
     pointer->refuse("a JSON pointer into a tool, as in \"/annotations/category\"",
                     in_quotes(pointer->string()));
   }
-  if (declared) declare_groups(*declared, catalog);
+  if (declared) declare_groups(*declared, tools, catalog);
   if (pointer) {
     for (Tool& tool : catalog.tools) {
       if (tool.group.empty()) tool.group = own_group(tool, pointer);
@@ -167,8 +167,9 @@ void add_groups(const Node& registry, Catalog& catalog) {
 
 void arrange(const Node& registry, Catalog& catalog) {
   put_in_order(registry, catalog);
-  add_extras(registry, by_name(catalog));
-  add_groups(registry, catalog);
+  const ToolsByName tools = by_name(catalog);
+  add_extras(registry, tools);
+  add_groups(registry, tools, catalog);
 }
 
 }  // namespace registry

@@ -25,6 +25,8 @@ using Names = std::vector<std::string_view>;
 
 constexpr std::string_view command_line_block = "mcp-cli";
 constexpr std::string_view per_tool = ":*";
+constexpr std::string_view example_files =
+    R"("files": [{"path": "README.md", "blocks": ["tools"]}])";
 constexpr std::string_view template_ending = ".mustache";
 
 // The names that a file's "blocks" may give.
@@ -167,24 +169,15 @@ File file_of(const json::Node& declared, const Names& choices) {
   return file;
 }
 
-// The files of a registry that declares none.
-std::vector<File> usual_files(const registry_docs::Product& product) {
-  std::vector<File> files;
-  for (const auto& usual : registry_docs::default_files()) {
-    File& file = files.emplace_back(File{usual.path, {}, usual.encoding});
-    for (const std::string& name : usual.blocks) {
-      if (product.command || name != command_line_block) file.blocks.push_back({name});
-    }
-  }
-  return files;
-}
-
 }  // namespace
 
 std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,
                         const fs::path& root) {
   const auto declared = registry.find("files");
-  if (!declared) return usual_files(product);
+  if (!declared) {
+    registry.refuse_lack("files", "nothing; name the files that hold lists, as in " +
+                                      std::string(example_files));
+  }
   const Names names = choices(product);
   std::vector<File> found;
   std::set<fs::path> places;

@@ -27,7 +27,7 @@ struct File {
   registry_docs::Encoding encoding = registry_docs::Encoding::none;
 };
 
-// From the registry's member "files", or the first host's. The blocks of a command line are on
+// From the registry's member "files", which must be there. The blocks of a command line are on
 // offer only when the product has one. Refuses a path that leads out of `root`, by itself or
 // through a link, and a file that is declared twice under whatever name.
 std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,

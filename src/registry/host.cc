@@ -108,7 +108,9 @@ bool has_block(const std::vector<File>& files, bool (*is_meant)(const Block&)) {
 Bound bind_any(const std::filesystem::path& root, const Sources& sources,
                const std::shared_ptr<Document>& document) {
   const registry_docs::Product product = registry::product(Node(*document));
-  const std::vector<File> files = registry::files(Node(*document), product, root);
+  const bool has_files = !sources.needs_model || Node(*document).find("files").has_value();
+  const std::vector<File> files =
+      has_files ? registry::files(Node(*document), product, root) : std::vector<File>();
   const Documents documents{document, answer_document(*document, sources)};
   Bound bound;
   if (has_block(files, is_of_layout) || sources.needs_model) {

@@ -37,12 +37,20 @@ void append_blocks(std::string& to, std::string_view text, std::string_view inde
 void append_code(std::string& to, std::string_view text, std::string_view) {
   markdown::append_code_span(to, text);
 }
+// As without a filter, for a piece of a text: a blank at its end parts it from the next.
+void append_inline(std::string& to, std::string_view text, std::string_view) {
+  if (text.starts_with(' ')) to += ' ';
+  markdown::append_inline(to, text);
+  if (text.size() > 1 && text.ends_with(' ')) to += ' ';
+}
 void append_html(std::string& to, std::string_view text, std::string_view) {
   markdown::append_html(to, text);
 }
 
-constexpr std::array<layouts::TextFilter, 3> filters = {
-    {{"blocks", append_blocks}, {"code", append_code}, {"html", append_html}}};
+constexpr std::array<layouts::TextFilter, 4> filters = {{{"blocks", append_blocks},
+                                                         {"code", append_code},
+                                                         {"html", append_html},
+                                                         {"inline", append_inline}}};
 constexpr std::array<layouts::Wrapper, 2> wrappers = {
     {{"@cell", markdown::fit_cell}, {"@trim", trim}}};
 constexpr layouts::Vocabulary vocabulary = {.filters = filters, .wrappers = wrappers};

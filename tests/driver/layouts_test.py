@@ -3,20 +3,26 @@
 import json
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
 
+import jsonschema
+
+DOCS = pathlib.Path(__file__).parents[2] / "docs"
 PROGRAM = os.environ["PROGRAM"]
 ANSWER = {"serverInfo": {"name": "notes", "title": "Notes"}, "tools": [
     {"name": "write_note", "description": "\n  Writes `a|b` to <path>. More of it.\n",
      "annotations": {"destructiveHint": True, "kind": "change"},
      "inputSchema": {"type": "object", "required": ["edits"], "properties": {"edits": {
          "type": "array", "items": {"type": "object", "properties": {
-             "oldText": {"type": "string", "maxLength": 9, "default": ""}}}}}}},
+             "oldText": {"type": "string", "maxLength": 9, "default": "", "pattern": "^a"}}}}}}},
     {"name": "read_note", "title": "Read", "annotations": {"readOnlyHint": True, "kind": "look"},
      "inputSchema": {"type": "object"}}],
-    "prompts": [{"name": "tidy", "arguments": [{"name": "depth", "required": True}]}]}
+    "prompts": [{"name": "tidy", "arguments": [{"name": "depth", "required": True}]}],
+    "resources": [{"uri": "notes://all", "name": "all", "size": 12}],
+    "resourceTemplates": [{"uriTemplate": "notes://{id}", "name": "one", "mimeType": "text/plain"}]}
 GROUPS = [{"name": "look", "title": "Looking", "tools": ["read_*"]},
           {"name": "rest", "tools": ["*"], "extra": {"mark": "!"}}]
 TABLE = """\
@@ -42,7 +48,7 @@ Hints: destructive
 Parameters:
 
 - `edits` (`object[]`, required)
-  - `oldText` (`string`, at most 9 characters, default `""`)
+  - `oldText` (`string`, at most 9 characters, matches `^a`, default `""`)
 
 ## `read_note`
 
@@ -54,6 +60,60 @@ Hints: read-only
 
 - `tidy`
   - `depth` (required)
+
+## Resources
+
+- `notes://all` (all), 12 bytes
+
+## Resource templates
+
+- `notes://{id}` (one), `text/plain`
+"""
+SCOPES = {"tools": [
+    {"name": "list_issues", "title": "List issues", "inputSchema": {
+        "type": "object", "required": ["state"], "properties": {
+            "state": {"type": "string", "description": "Which ones:\n- `open`\n- all"},
+            "labels": {"type": "array", "items": {"type": "string"}, "description": "Its labels"}}}},
+    {"name": "get_me", "title": "Who <I> am", "inputSchema": {"type": "object"}}]}
+SCOPES_TEMPLATE = """{{#groups}}
+<details>
+
+<summary>{{{extra.icon}}} {{{title}}}</summary>
+
+{{#tools | by_name}}
+- **{{{name}}}** - {{{title}}}
+{{#extra.scopes}}
+{{#@first}}
+  - **Scopes**: {{#extra.scopes}}`{{{.}}}`{{^@last}}, {{/@last}}{{/extra.scopes}}
+{{/@first}}
+{{/extra.scopes}}
+{{^parameters}}
+  - No parameters
+{{/parameters}}
+{{#parameters | by_name}}
+  - `{{{name}}}`: {{#@indent}}{{{description}}}{{/@indent}} ({{{type}}}, {{#required}}required{{/required}}{{^required}}optional{{/required}})
+{{/parameters}}
+
+{{/tools}}
+</details>
+
+{{/groups}}
+"""
+SCOPES_LIST = """<details>
+
+<summary><img src="a.png"> Issues</summary>
+
+- **get_me** - Who <I> am
+  - No parameters
+
+- **list_issues** - List issues
+  - **Scopes**: `repo`, `read:org`
+  - `labels`: Its labels (string[], optional)
+  - `state`: Which ones:
+    - `open`
+    - all (string, required)
+
+</details>
 """
 REFUSED = {  # what the registry holds besides, a template, and the message
     "a tool in no group": ({"groups": GROUPS[:1]}, "", "registry-docs.json: groups: expected a group for every "
@@ -128,6 +188,14 @@ class Layouts(unittest.TestCase):
                 self.declare({"README.md": [own]}, **more)
                 self.assertIn(f"-->\n{GROUPED}<!--", self.written("README.md"))
 
+    def test_scopes_and_html_of_the_maintainers(self):
+        (self.root / "answer.json").write_text(json.dumps(SCOPES))
+        (self.root / "own.mustache").write_text(SCOPES_TEMPLATE)
+        self.declare({"README.md": [{"name": "own", "layout": "own.mustache"}]},
+                     groups=[{"name": "issues", "title": "Issues", "tools": ["*"], "extra": {"icon": '<img src="a.png">'}}],
+                     tools=[{"name": "list_issues", "extra": {"scopes": ["repo", "read:org"]}}])
+        self.assertIn(f"-->\n{SCOPES_LIST}\n<!--", self.written("README.md"))
+
     def test_refusals(self):
         for name, (more, template, message) in REFUSED.items():
             with self.subTest(name):
@@ -145,6 +213,19 @@ class Layouts(unittest.TestCase):
         self.assertEqual((tool["summary"], tool["raw"]), ("Writes `a|b` to <path>.", ANSWER["tools"][0]))
         field = tool["all_parameters"][1]
         self.assertEqual((field["path"], field["depth"], field["default"]), ("edits[].oldText", 1, '""'))
+
+    def test_the_model_is_what_its_documents_say(self):
+        self.declare({"README.md": ["count"]}, groups=GROUPS)
+        model = json.loads(self.run_program("--print-model").stdout)
+        schema = json.loads((DOCS / "model.schema.json").read_text())
+        jsonschema.Draft202012Validator.check_schema(schema)
+        jsonschema.Draft202012Validator(schema).validate(model)
+        objects = [schema, *schema["$defs"].values(), *schema["properties"].values()]
+        members = {name for each in objects for name in each.get("properties", ())}
+        named = set(re.findall(r"`(\w+)`", (DOCS / "model.md").read_text()))
+        self.assertEqual(members - named, set())
+
+    def test_layouts_that_are_printed(self):
         printed = subprocess.run([PROGRAM, "--print-layout", "tools"], check=True, capture_output=True, text=True)
         self.assertIn("{{#groups}}", printed.stdout)
         refused = subprocess.run([PROGRAM, "--print-layout", "x"], check=False, capture_output=True, text=True)

@@ -148,7 +148,7 @@ TEST(Template, RefusesToGoTooDeepOrOnForLong) {
 
 TEST(Template, IndentsByNoMoreThan200Columns) {
   const View root = view_of(json::Node(document));
-  const std::string long_line(1000, 'x');
+  const std::string long_line = std::string(1000, ' ') + "x";
   const std::string blanks(200, ' ');
   EXPECT_EQ(rendered(long_line + "{{two_lines | quoted}}\n {{two_lines | quoted}}", root),
             long_line + "first\n" + blanks + "second\n first\n second");

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 
 #include "registry_docs/markdown/anchor.h"
 #include "text/sentence.h"
@@ -132,11 +133,11 @@ void add_anchors(Catalog& catalog) {
   if (catalog.groups.empty()) {
     for (Tool& tool : catalog.tools) next(tool, tool.name);
   }
+  std::unordered_map<std::string_view, std::vector<Tool*>> tools;
+  for (Tool& tool : catalog.tools) tools[tool.group].push_back(&tool);
   for (Group& group : catalog.groups) {
     next(group, group.title);
-    for (Tool& tool : catalog.tools) {
-      if (tool.group == group.name) next(tool, tool.name);
-    }
+    for (Tool* const tool : tools[group.name]) next(*tool, tool->name);
   }
   for (Prompt& prompt : catalog.prompts) next(prompt, prompt.name);
   for (Resource& resource : catalog.resources) next(resource, resource.name);

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "registry_docs/layouts/column.h"
+#include "registry_docs/layouts/margin.h"
 #include "registry_docs/layouts/context.h"
 #include "registry_docs/layouts/list_filters.h"
 #include "registry_docs/layouts/refusal.h"
@@ -117,14 +117,14 @@ class Renderer {
     begin_line(at);
     const std::size_t begin = to_.size();
     const std::string_view indent = indent_here();
-    const Column column = column_;
+    const Margin margin = margin_;
     go_through(at);
     if (section.wrap != nullptr) {
       section.wrap(to_, begin);
     } else {
       indent_lines(to_, begin, indent);
     }
-    column_ = column;
+    margin_ = margin;
   }
 
   void show(const EndTag&, const Instruction& at) { begin_line(at); }
@@ -150,7 +150,7 @@ class Renderer {
     return {.name = current_->source.name(), .line = at.line};
   }
 
-  std::string_view indent_here() { return blanks(column_.at_end_of(to_)); }
+  std::string_view indent_here() { return blanks(margin_.at_end_of(to_)); }
 
   void append(View view, bool is_raw) {
     const auto characters = characters_of(view);
@@ -262,7 +262,7 @@ class Renderer {
   Loop* loop_ = nullptr;  // the innermost
   std::string indent_;    // of the partial that is being shown
   std::string to_;
-  Column column_;
+  Margin margin_;
   std::size_t depth_ = 0;
   std::size_t passes_ = 0;
 };

@@ -1,7 +1,9 @@
-#include "registry_docs/layouts/column.h"
+#include "registry_docs/layouts/margin.h"
 
 #include <algorithm>
 #include <array>
+
+#include "text/ascii.h"
 
 namespace registry_docs::layouts {
 namespace {
@@ -9,30 +11,44 @@ namespace {
 constexpr std::size_t tab = 4;
 constexpr std::size_t most_columns = 50 * tab;  // which no tab goes beyond
 
-bool continues_a_code_point(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool is_blank(char c) { return c == ' ' || c == '\t'; }
 
-std::size_t width_of(char c, std::size_t column) {
-  if (c == '\t') return tab - column % tab;
-  return continues_a_code_point(c) ? 0 : 1;
+// The length of the mark of a list with which the line begins, without the blank behind it; 0
+// without one.
+std::size_t list_mark(std::string_view line) {
+  constexpr std::size_t most_digits = 9;
+  std::size_t length = 0;
+  while (length < std::min(line.size(), most_digits) && text::is_digit(line[length])) ++length;
+  const std::string_view marks = length == 0 ? "-*+" : ".)";
+  if (length + 1 >= line.size() || marks.find(line[length]) == std::string_view::npos) return 0;
+  return is_blank(line[length + 1]) ? length + 1 : 0;
+}
+
+std::size_t margin_of(std::string_view line) {
+  std::size_t column = 0;
+  while (!line.empty() && column < most_columns) {
+    std::size_t taken = 1;
+    if (is_blank(line[0])) {
+      column += line[0] == '\t' ? tab - column % tab : 1;
+    } else {
+      taken = list_mark(line);
+      if (taken == 0) break;
+      column += taken;
+    }
+    line.remove_prefix(taken);
+  }
+  return std::min(column, most_columns);
 }
 
 bool is_empty_line(std::string_view line) { return line == "\n" || line == "\r\n"; }
 
 }  // namespace
 
-std::size_t Column::at_end_of(std::string_view text) {
-  std::string_view added = text.substr(seen_);
+std::size_t Margin::at_end_of(std::string_view text) {
+  const std::size_t line_end = text.substr(seen_).rfind('\n');
+  if (line_end != std::string_view::npos) line_ = seen_ + line_end + 1;
   seen_ = text.size();
-  const std::size_t line_end = added.rfind('\n');
-  if (line_end != std::string_view::npos) {
-    added.remove_prefix(line_end + 1);
-    column_ = 0;
-  }
-  for (const char c : added) {
-    if (column_ >= most_columns) break;
-    column_ += width_of(c, column_);
-  }
-  return column_;
+  return margin_of(text.substr(line_));
 }
 
 std::string_view blanks(std::size_t column) {

@@ -1,6 +1,6 @@
-// Columns of lines, and lines behind blanks.
-#ifndef REGISTRY_DOCS_LAYOUTS_COLUMN_H
-#define REGISTRY_DOCS_LAYOUTS_COLUMN_H
+// Margins of lines, and lines behind blanks.
+#ifndef REGISTRY_DOCS_LAYOUTS_MARGIN_H
+#define REGISTRY_DOCS_LAYOUTS_MARGIN_H
 
 #include <cstddef>
 #include <string>
@@ -8,20 +8,20 @@
 
 namespace registry_docs::layouts {
 
-// Where in its last line a text ends that grows at its end. A column is a code point, or a tab
-// to the next multiple of four; beyond 200 none is counted, so that a long line makes no long
-// indents.
-class Column {
+// Where what is written in the last line of a text that grows at its end begins: behind the
+// blanks and the marks of lists ("- ", "2. ") before it. A column is a code point, or a tab to
+// the next multiple of four; beyond 200 none is counted.
+class Margin {
  public:
   // `text` begins as it was given last. Takes time in proportion to what was added.
   std::size_t at_end_of(std::string_view text);
 
  private:
   std::size_t seen_ = 0;  // of the text
-  std::size_t column_ = 0;
+  std::size_t line_ = 0;  // where the last one begins
 };
 
-// As many blanks as the column, which at_end_of() gave.
+// As many blanks as the column, which a Margin gave.
 std::string_view blanks(std::size_t column);
 
 // Puts the blanks before every line but the first of what stands in `text` from `begin` on,
@@ -35,4 +35,4 @@ void append_indented(std::string& to, std::string_view text, std::string_view in
 
 }  // namespace registry_docs::layouts
 
-#endif  // REGISTRY_DOCS_LAYOUTS_COLUMN_H
+#endif  // REGISTRY_DOCS_LAYOUTS_MARGIN_H
