@@ -10,6 +10,10 @@ import unittest
 
 import jsonschema
 
+import hostile_texts
+import shown_page
+import visible_text
+
 DOCS = pathlib.Path(__file__).parents[2] / "docs"
 PROGRAM = os.environ["PROGRAM"]
 ANSWER = {"serverInfo": {"name": "notes", "title": "Notes"}, "tools": [
@@ -137,6 +141,21 @@ REFUSED = {  # what the registry holds besides, a template, and the message
 }
 
 
+def described(texts):
+    """An answer that holds each text wherever there may be one."""
+    def schema(text):
+        inner = {"type": "object", "properties": {"b": {"type": "string", "description": text}}}
+        return {"type": "object", "properties": {
+            "a": {"type": "array", "description": text, "items": inner | {"description": text}},
+            "c": {"anyOf": [{"type": "string", "description": text}, inner]}}}
+    def entries(more):
+        return [{"name": f"n{number}", "description": text} | more(text) for number, text in enumerate(texts)]
+    return {"tools": entries(lambda text: {"inputSchema": schema(text)}),
+            "prompts": entries(lambda text: {"arguments": [{"name": "a", "description": text}]}),
+            "resources": entries(lambda _: {"uri": "notes://all"}),
+            "resourceTemplates": entries(lambda _: {"uriTemplate": "notes://{id}"})}
+
+
 class Layouts(unittest.TestCase):
     def setUp(self):
         self.root = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory())).resolve()
@@ -195,6 +214,15 @@ class Layouts(unittest.TestCase):
                      groups=[{"name": "issues", "title": "Issues", "tools": ["*"], "extra": {"icon": '<img src="a.png">'}}],
                      tools=[{"name": "list_issues", "extra": {"scopes": ["repo", "read:org"]}}])
         self.assertIn(f"-->\n{SCOPES_LIST}\n<!--", self.written("README.md"))
+
+    def test_hostile_texts_at_every_place(self):
+        texts = [text for text in hostile_texts.TEXTS if visible_text.of_blocks(text)]
+        answer = described(texts)
+        for layouts in (["reference"], ["list", "prompts", "resources"]):
+            with self.subTest(layouts):
+                (self.root / "answer.json").write_text(json.dumps(answer))
+                self.declare({"README.md": layouts})
+                self.assertEqual(shown_page.unseen(answer, self.written("README.md")), [])
 
     def test_refusals(self):
         for name, (more, template, message) in REFUSED.items():

@@ -2,7 +2,6 @@
 
 COUNT and SEED in the environment ask for other random texts."""
 
-import html.parser
 import os
 import random
 import re
@@ -11,6 +10,7 @@ import unittest
 
 import visible_text
 from hostile_texts import TEXTS, random_text
+from shown_page import EXTENSIONS, Page
 
 ADDRESS = re.compile(r"(https?|ftp)://|@", re.IGNORECASE)
 MARKER = re.compile(r"<!--\s*/?\s*registry")
@@ -46,26 +46,6 @@ EXPECTED = {"inline": visible_text.of_inline, "cell": visible_text.of_inline,
             "html": lambda text: visible_text.collapsed(visible_text.shown(text))}
 
 
-class Page(html.parser.HTMLParser):
-    """What a page shows, and the names of its tags."""
-
-    def __init__(self, page):
-        super().__init__()
-        self.text, self.tags = "", set()
-        self.feed(page)
-        self.close()
-
-    def handle_starttag(self, tag, attrs):
-        self.tags.add(tag)
-        self.handle_endtag(tag)
-
-    def handle_endtag(self, tag):
-        self.text += "\n" if tag in ("p", "pre", "br") else ""
-
-    def handle_data(self, data):
-        self.text += data
-
-
 def run(command, text):
     return subprocess.run(command, check=True, input=text, stdout=subprocess.PIPE).stdout
 
@@ -79,10 +59,7 @@ def rendered(documents):
     """The HTML of each document; all are one for cmark-gfm, unless one reaches into the next."""
     end = "THE DOCUMENT ENDS"
     page = "".join(f"{document}\n\n{end}\n\n" for document in documents) + DEFINITIONS
-    command = ["cmark-gfm", "--unsafe"]
-    for name in ("table", "strikethrough", "autolink", "tagfilter", "tasklist"):
-        command += ["--extension", name]
-    pages = run(command, page.encode()).decode().split(f"<p>{end}</p>\n")[:-1]
+    pages = run(["cmark-gfm", "--unsafe", *EXTENSIONS], page.encode()).decode().split(f"<p>{end}</p>\n")[:-1]
     if len(pages) != len(documents) > 1:
         return [rendered([document]) for document in documents]
     return pages if len(documents) > 1 else "".join(pages)

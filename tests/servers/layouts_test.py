@@ -11,6 +11,8 @@ import subprocess
 import tempfile
 import unittest
 
+import shown_page
+
 HERE = pathlib.Path(__file__).parent
 MODULES = pathlib.Path(os.environ["SERVERS"])
 SERVERS = {  # programs, what they are given, and what they want to be told before they start
@@ -132,7 +134,7 @@ class Layouts(unittest.TestCase):
         self.assertEqual(set(wrong), {("  - Read-only: **false**", "  - Read-only: **true**")})
         self.assertLessEqual(len(wrong), 6)
 
-    def test_no_change_is_unseen(self):
+    def test_all_is_seen_and_no_change_is_unseen(self):
         rng = random.Random(1)
         for program, (args, env) in SERVERS.items():
             with self.subTest(program):
@@ -141,6 +143,8 @@ class Layouts(unittest.TestCase):
                 self.assertEqual(done.returncode, 0, done.stderr)
                 answer = json.loads((self.root / "answer.json").read_text())
                 self.assertEqual(self.run_program("--check", "--tools", "answer.json").stdout, "")
+                page = (self.root / "README.md").read_text()
+                self.assertEqual(shown_page.unseen(answer, page), [])
                 for path in rng.sample(all_places := list(places(answer)), min(60, len(all_places))):
                     changed = self.root / "changed.json"
                     changed.write_text(json.dumps(change(answer, path, rng)))

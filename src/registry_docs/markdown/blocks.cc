@@ -23,6 +23,14 @@ std::span<const Line> take_until(std::span<const Line>& lines, Predicate predica
 
 bool ends_paragraph(const Line& line) { return line.text.empty() || fence_of(line); }
 
+// Ends the line that `to` ends in, unless it holds no more than what is before each line.
+void begin_block(std::string& to, std::string_view before) {
+  const std::size_t line = to.rfind('\n') + 1;  // 0 without one
+  if (to.size() - line <= before.size()) return;
+  while (to.ends_with(' ')) to.pop_back();
+  to.append("\n\n").append(before);
+}
+
 // Takes the block that the lines, of which the first is not blank, begin with, and appends it.
 void append_block(std::string& to, std::span<const Line>& lines, std::string_view before) {
   const auto fence = fence_of(lines[0]);
@@ -33,6 +41,7 @@ void append_block(std::string& to, std::span<const Line>& lines, std::string_vie
   lines = lines.subspan(1);
   const auto content =
       take_until(lines, [&](const Line& line) { return closes(line, *fence); });
+  begin_block(to, before);
   append_fenced(to, *fence, content, before);
   if (!lines.empty()) lines = lines.subspan(1);
 }
