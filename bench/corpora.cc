@@ -9,6 +9,7 @@
 #include <random>
 #include <stdexcept>
 
+#include "registry/documents.h"
 #include "registry/host.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/text.h"
@@ -185,6 +186,15 @@ void make_repository(const fs::path& root, std::size_t tools) {
   if (!stale_blocks(host, root).empty()) {
     throw std::runtime_error(root.string() + ": not current");
   }
+}
+
+void make_answered_repository(const fs::path& root, std::size_t tools) {
+  fs::create_directories(root);
+  write_file(root / "answer.json", answer(tools));
+  write_file(root / registry::registry_path,
+             R"({"files": [{"path": "README.md", "blocks": ["tools", "reference"]}]})");
+  write_file(root / "README.md", opening("tools") + closing("tools") + "\n" +
+                                     opening("reference") + closing("reference"));
 }
 
 }  // namespace registry_docs::bench

@@ -36,6 +36,10 @@ std::string answer(std::size_t tools);
 // with its tools over and over, each under a name of its own.
 void make_repository(const std::filesystem::path& root, std::size_t tools);
 
+// The same for a saved answer, answer.json, with empty blocks of the layouts "tools" and
+// "reference".
+void make_answered_repository(const std::filesystem::path& root, std::size_t tools);
+
 }  // namespace registry_docs::bench
 
 #endif  // BENCH_CORPORA_H

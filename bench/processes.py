@@ -76,6 +76,17 @@ def commands_by_size(build, directory):
                      "parse": [f"{build}/bench/parse_files", *files_of(root)]}
 
 
+def commands_of_layouts(build, directory):
+    """A check of what layouts make of a saved answer, and the least that it can cost."""
+    root = pathlib.Path(directory, "answered")
+    subprocess.run([f"{build}/bench/make_repository", root, "1000", "answer"], check=True)
+    files = [str(root / name) for name in ("answer.json", "registry-docs.json", "README.md")]
+    program = [f"{build}/gen_registry_docs", "--root", str(root), "--tools", files[0]]
+    subprocess.run([*program, "--write", "--quiet", "--save-tools", files[0]], check=True)
+    return {"check": [*program, "--check"], "parse": [f"{build}/bench/parse_files", *files],
+            "document": [f"{build}/bench/parse_document", *files]}
+
+
 def memory_per_byte(check):
     """The peak of a check, to the bytes of its files."""
     _, status, usage = os.wait4(os.posix_spawn(check[0], check, os.environ), 0)
@@ -95,6 +106,8 @@ def main():
             # A check of few tools is over soon, and so must be measured more often.
             count = max(5, rounds * SIZES[0] // size)
             measured["sizes"][size] = [round_of(both, results) for _ in range(count)]
+        layouts = commands_of_layouts(build, directory)
+        measured["layouts"] = [round_of(layouts, results) for _ in range(rounds)]
         measured["memory per byte"] = memory_per_byte(both["check"])
     print(json.dumps(measured))
 

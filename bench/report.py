@@ -46,6 +46,7 @@ class Measured:
                        for name in sorted(self.suites)}
         self.processes = processes["rounds"]
         self.sizes = {int(size): rounds for size, rounds in processes["sizes"].items()}
+        self.layouts = processes["layouts"]
         self.memory = processes["memory per byte"]
 
     def process_ratio(self, ours, peer):
@@ -91,6 +92,11 @@ def rows(measured):
     for size, rounds in measured.sizes.items():
         yield (f"`--check` of {size:,} tools, whole process", "RapidJSON alone, and reading",
                "<3", [times["check"] / times["parse"] for times in rounds])
+    yield ("`--check` of `tools` and `reference`, an answer of 1,000 tools, whole process",
+           "RapidJSON's document of the answer, and reading", "<3",
+           [times["check"] / times["document"] for times in measured.layouts])
+    yield ("the same", "RapidJSON alone, and reading", None,
+           [times["check"] / times["parse"] for times in measured.layouts])
     yield ("`--check` of 1,000 to 100,000 tools, whole process", "its tools", "<1.1",
            measured.growth_of_processes("check"))
     yield ("peak memory of a check of 100,000 tools", "the bytes of its files", "<4",

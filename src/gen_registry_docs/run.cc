@@ -85,10 +85,16 @@ int print_layout(const std::string& name) {
   return print(found->text), 0;
 }
 
+void ready_heap(const fs::path& root, const Options& options) {
+  if (options.tools) return port::ready_heap(*options.tools, port::Made::of_answer);
+  port::ready_heap(
+      options.registry ? fs::path(*options.registry) : root / tesmo_sorvet::registry_path,
+      port::Made::of_registry);
+}
+
 int carry_out(const Options& options, std::string_view program) {
   const fs::path root = options.root ? fs::path(*options.root) : find_root();
-  port::ready_heap(options.registry ? fs::path(*options.registry)
-                                    : root / tesmo_sorvet::registry_path);
+  ready_heap(root, options);
   const registry::Bound bound = bind(root, options);
   if (!options.quiet) {
     for (const std::string& warning : bound.warnings) print_error(warning);

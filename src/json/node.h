@@ -29,6 +29,9 @@ class Node {
   [[nodiscard]] Kind kind() const { return token_->kind(); }
   [[nodiscard]] const Token& token() const { return *token_; }
 
+  // Another value of the same document.
+  [[nodiscard]] Node other(const Token& token) const { return {*document_, token}; }
+
   // Tells it from every other value.
   [[nodiscard]] const void* address() const { return token_; }
 

@@ -1,6 +1,7 @@
 #include "json_schema/field_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <iterator>
 #include <map>
@@ -39,6 +40,25 @@ bool is_of_parameters(const Form& form) {
   };
   return !form.field.is_deprecated && std::ranges::all_of(form.field.types, is_object) &&
          std::ranges::all_of(form.field.limits, is_closing);
+}
+
+// Whether a schema leads to no other and holds none. Three of four are such, and take a fifth
+// of the time that others take.
+bool is_leaf(const Parts& parts) {
+  constexpr Keywords leading = keywords_of(
+      Keyword::reference, Keyword::all_of, Keyword::any_of, Keyword::one_of,
+      Keyword::properties, Keyword::pattern_properties, Keyword::additional_properties,
+      Keyword::required, Keyword::items, Keyword::prefix_items);
+  return !parts.has_any(leading);
+}
+
+// The type that a schema gives by its name alone, if it is one of no parts.
+std::string_view simple_type(const Parts& parts) {
+  constexpr std::array<std::string_view, 4> types = {"string", "integer", "number", "boolean"};
+  const MaybeNode& type = parts[Keyword::type];
+  if (!type || type->kind() != Kind::string || parts[Keyword::enumeration]) return {};
+  const auto* const found = std::ranges::find(types, type->string());
+  return found == types.end() ? std::string_view() : *found;
 }
 
 void unite_values(Field& field, const std::vector<Form>& forms) {
@@ -134,6 +154,14 @@ Names FieldReader::fill(Field& field, const Node& schema) {
   field.schema = schema;
   walk_.require_schema(schema);
   const Holding own{.parts = Parts(schema)};
+  if (is_leaf(own.parts)) {
+    const std::string_view type = simple_type(own.parts);
+    take_types(field,
+               type.empty() ? shapes_.read(own.parts) : Shape{.types = {std::string(type)}});
+    annotate(field, own.parts, walk_);
+    put_into_words(field);
+    return {};
+  }
   take_types(field, shapes_.read(own.parts));
   if (!leads_further(own.parts)) return fill_from(field, {&own, 1});
   std::vector<Holding> all;

@@ -66,7 +66,8 @@ Parts::Parts(const json::Node& schema) : schema_(schema) {
   schema.for_each_member([this](std::string_view name, const json::Node& member) {
     const Keyword keyword = keyword_of(name);
     if (keyword < Keyword::silent) {
-      members_[static_cast<std::size_t>(keyword)] = member;
+      members_[static_cast<std::size_t>(keyword)] = &member.token();
+      given_ |= keywords_of(keyword);
     } else if (keyword == Keyword::other) {
       has_others_ = true;
     }

@@ -37,6 +37,14 @@ enum class Keyword : std::uint8_t {
   other    // limits them
 };
 
+// Some of them, a bit for each.
+using Keywords = std::uint32_t;
+
+template <typename... Each>
+constexpr Keywords keywords_of(Each... each) {
+  return ((Keywords{1} << static_cast<unsigned>(each)) | ...);
+}
+
 Keyword keyword_of(std::string_view name);
 
 // Borrows from the document.
@@ -48,16 +56,21 @@ class Parts {
   [[nodiscard]] const json::Node& schema() const { return schema_; }
 
   // Not of a silent or another keyword.
-  [[nodiscard]] const json::MaybeNode& operator[](Keyword keyword) const {
-    return members_[static_cast<std::size_t>(keyword)];
+  [[nodiscard]] json::MaybeNode operator[](Keyword keyword) const {
+    const json::Token* const member = members_[static_cast<std::size_t>(keyword)];
+    return member == nullptr ? std::nullopt : json::MaybeNode(schema_.other(*member));
   }
+
+  // Whether one of them is there.
+  [[nodiscard]] bool has_any(Keywords keywords) const { return (given_ & keywords) != 0; }
 
   // Whether there are other members.
   [[nodiscard]] bool has_others() const { return has_others_; }
 
  private:
   json::Node schema_;
-  std::array<json::MaybeNode, static_cast<std::size_t>(Keyword::silent)> members_ = {};
+  std::array<const json::Token*, static_cast<std::size_t>(Keyword::silent)> members_ = {};
+  Keywords given_ = 0;
   bool has_others_ = false;
 };
 

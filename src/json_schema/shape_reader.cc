@@ -232,7 +232,7 @@ Shape ShapeReader::read_reference(const Node& reference) {
 }
 
 void ShapeReader::declare_types(const Parts& parts, Shape& shape) {
-  const Node& type = *parts[Keyword::type];
+  const Node type = *parts[Keyword::type];
   shape.types.clear();
   shape.is_nullable = false;
   if (type.kind() != Kind::array) {

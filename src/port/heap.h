@@ -6,8 +6,11 @@
 
 namespace port {
 
-// Readies the heap for what is made of a large file, a registry. Has an effect on speed alone.
-void ready_heap(const std::filesystem::path& registry);
+// What a check makes most of its memory of.
+enum class Made { of_registry, of_answer };
+
+// Readies the heap for what is made of a large file. Has an effect on speed alone.
+void ready_heap(const std::filesystem::path& source, Made made);
 
 }  // namespace port
 

@@ -99,6 +99,7 @@ Catalog catalog_of(const Node& registry, const MaybeNode& answer, std::vector<Fa
   catalog.resources = registry_docs::catalog::resources_of(source);
   catalog.templates = registry_docs::catalog::templates_of(source);
   arrange(registry, catalog);
+  registry_docs::catalog::note_any(catalog);
   registry_docs::catalog::add_anchors(catalog);
   return catalog;
 }

@@ -35,6 +35,8 @@ std::string named_file(const std::string& name) {
   return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
 }
 
+bool is_there(const std::filesystem::path& path) { return ::access(path.c_str(), F_OK) == 0; }
+
 std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
   return std::make_shared<Document>(
       path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular));
@@ -42,20 +44,15 @@ std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
 
 }  // namespace
 
-// The first place is looked at by reading it, as most registries stand there.
 std::shared_ptr<Document> registry_document(const std::filesystem::path& root,
                                             const Sources& sources) {
   if (sources.registry) {
     return std::make_shared<Document>(*sources.registry, named_file(*sources.registry));
   }
-  try {
-    return repository_file(root / tesmo_sorvet::registry_path);
-  } catch (const registry_docs::FileError& error) {
-    const auto other = root / registry_path;
-    const bool is_absent = error.code() == std::errc::no_such_file_or_directory;
-    if (!is_absent || ::access(other.c_str(), F_OK) != 0) throw;
-    return repository_file(other);
-  }
+  const std::filesystem::path first = root / tesmo_sorvet::registry_path;
+  if (is_there(first)) return repository_file(first);
+  const std::filesystem::path other = root / registry_path;
+  return repository_file(is_there(other) ? other : first);
 }
 
 std::shared_ptr<Document> answer_document(const Document& document, const Sources& sources) {
@@ -74,7 +71,7 @@ std::shared_ptr<Document> answer_document(const Document& document, const Source
 std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory) {
   for (const char* const name : {tesmo_sorvet::registry_path, registry_path}) {
     std::filesystem::path path = directory / name;
-    if (::access(path.c_str(), F_OK) == 0) return path;
+    if (is_there(path)) return path;
   }
   return std::nullopt;
 }

@@ -22,13 +22,17 @@ namespace layouts = registry_docs::layouts;
 // One blank line at most between two others, and none at the ends.
 void trim(std::string& text, std::size_t begin) {
   std::size_t end = begin;
-  std::size_t feeds = 2;  // in a row; at the beginning none is kept
-  for (std::size_t at = begin; at < text.size(); ++at) {
-    feeds = text[at] == '\n' ? feeds + 1 : 0;
-    if (feeds <= 2) text[end++] = text[at];
+  for (std::size_t at = text.find_first_not_of('\n', begin); at < text.size();) {
+    const std::size_t gap = std::min(text.find("\n\n", at), text.size());
+    std::copy(text.data() + at, text.data() + gap, text.data() + end);
+    end += gap - at;
+    at = std::min(text.find_first_not_of('\n', gap), text.size());
+    if (at == text.size()) break;
+    text[end++] = '\n';
+    text[end++] = '\n';
   }
-  while (end > begin && text[end - 1] == '\n') --end;
   text.resize(end);
+  while (text.size() > begin && text.back() == '\n') text.pop_back();
 }
 
 void append_blocks(std::string& to, std::string_view text, std::string_view indent) {
@@ -47,7 +51,7 @@ void append_html(std::string& to, std::string_view text, std::string_view) {
   markdown::append_html(to, text);
 }
 
-constexpr std::array<layouts::TextFilter, 4> filters = {{{"blocks", append_blocks},
+constexpr std::array<layouts::TextFilter, 4> filters = {{{"blocks", append_blocks, true},
                                                          {"code", append_code},
                                                          {"html", append_html},
                                                          {"inline", append_inline}}};

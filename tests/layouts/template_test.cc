@@ -43,7 +43,7 @@ void append_quoted(std::string& to, std::string_view text, std::string_view inde
 }
 
 const TextFilter filters[] = {
-    {"code", append_code}, {"upper", append_upper}, {"quoted", append_quoted}};
+    {"code", append_code}, {"upper", append_upper}, {"quoted", append_quoted, true}};
 
 const Wrapper wrappers[] = {
     {"@cell",

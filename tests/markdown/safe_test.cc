@@ -12,11 +12,12 @@ struct Row {
 };
 
 template <std::size_t size, typename Append>
-void expect_rows(const Row (&rows)[size], Append append) {
+void expect_rows(const Row (&rows)[size], Append append,
+                 const std::string& before = "before") {
   for (const auto& [name, text, expected] : rows) {
-    std::string to = "before";
+    std::string to = before;
     append(to, text);
-    EXPECT_EQ(to, "before" + std::string(expected)) << name;
+    EXPECT_EQ(to, before + std::string(expected)) << name;
   }
 }
 
@@ -150,7 +151,16 @@ TEST(AppendBlocks, KeepsFencedBlocks) {
       {"marker", "```\n<!-- registry:x -->\n\n&\n```",
        "<pre><code>&lt;!-- registry:x --&gt;\n\n  &amp;\n  </code></pre>"},
   };
-  expect_rows(rows, [](auto& to, auto text) { append_blocks(to, text, "  "); });
+  expect_rows(
+      rows, [](auto& to, auto text) { append_blocks(to, text, "  "); }, "- ");
+}
+
+TEST(AppendBlocks, BeginsAFencedBlockInALineOfItsOwn) {
+  constexpr Row rows[] = {{"behind a text", "```\na\n```", "\n\n  ```text\n  a\n  ```"},
+                          {"behind blanks", "~~~\na", "\n\n  ```text\n  a\n  ```"},
+                          {"not at once", "b\n```\na", "b\n\n  ```text\n  a\n  ```"}};
+  expect_rows(
+      rows, [](auto& to, auto text) { append_blocks(to, text, "  "); }, "- a:");
 }
 
 TEST(AppendCodeSpan, HoldsAnyText) {

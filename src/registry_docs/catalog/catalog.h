@@ -90,6 +90,13 @@ struct Server {
   std::string_view website = {};
 };
 
+// Whether any tool has something to show.
+struct Any {
+  bool summaries = false;
+  bool effects = false;
+  bool titles = false;
+};
+
 struct Catalog {
   Server server = {};
   std::vector<Tool> tools = {};
@@ -97,6 +104,7 @@ struct Catalog {
   std::vector<Prompt> prompts = {};
   std::vector<Resource> resources = {};
   std::vector<Resource> templates = {};
+  Any any = {};
   std::deque<std::string> texts = {};  // that the rest borrows and no document holds
 };
 

@@ -125,6 +125,20 @@ std::vector<Resource> templates_of(const Node& answer) {
   });
 }
 
+std::string_view effect_of(const Tool& tool) {
+  const Hints& hints = tool.hints;
+  if (hints.read_only.value) return "read-only";
+  return hints.destructive.is_given && hints.destructive.value ? "destructive" : "";
+}
+
+void note_any(Catalog& catalog) {
+  for (const Tool& tool : catalog.tools) {
+    catalog.any.summaries = catalog.any.summaries || !tool.summary.empty();
+    catalog.any.effects = catalog.any.effects || !effect_of(tool).empty();
+    catalog.any.titles = catalog.any.titles || !tool.title.empty();
+  }
+}
+
 void add_anchors(Catalog& catalog) {
   markdown::Anchors anchors;
   const auto next = [&anchors](auto& entry, std::string_view heading) {

@@ -24,6 +24,13 @@ std::vector<Prompt> prompts_of(const json::Node& answer);
 std::vector<Resource> resources_of(const json::Node& answer);
 std::vector<Resource> templates_of(const json::Node& answer);
 
+// The one word that a reader looks for before calling a tool: "read-only", "destructive", or
+// none.
+std::string_view effect_of(const Tool& tool);
+
+// Notes what any of the tools has to show.
+void note_any(Catalog& catalog);
+
 // Gives the headings of a catalog their anchors, in the order in which a reference shows them:
 // group by group with their tools, then prompts, resources and templates.
 void add_anchors(Catalog& catalog);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "registry_docs/catalog/entries.h"
 #include "registry_docs/layouts/view_of.h"
 
 namespace registry_docs::catalog {
@@ -110,7 +111,7 @@ bool is_same_name(std::string_view left, std::string_view right) {
   return letters(left) == letters(right);
 }
 View title_of(const Field& field) {
-  const bool says_something = !is_same_name(field.title, field.name);
+  const bool says_something = !field.title.empty() && !is_same_name(field.title, field.name);
   return says_something ? view_of(field.title) : View();
 }
 
@@ -225,13 +226,7 @@ constexpr ListType hint_words_type = {
           }
         }};
 
-// The one word that a reader looks for before calling the tool.
-View effect_of(const Tool& tool) {
-  const Hints& hints = tool.hints;
-  if (hints.read_only.value) return View::text("read-only");
-  if (hints.destructive.is_given && hints.destructive.value) return View::text("destructive");
-  return View::text("");
-}
+View shown_effect(const Tool& tool) { return View::text(effect_of(tool)); }
 
 View hints_of(const Tool& tool) { return View::object(hints_type, &tool.hints); }
 View hint_words_of(const Tool& tool) { return View::list(hint_words_type, &tool.hints); }
@@ -248,7 +243,7 @@ constexpr std::array tool_members = {
     member<&Tool::summary>("summary"),
     member<Tool, hints_of>("hints"),
     member<Tool, hint_words_of>("hint_words"),
-    member<Tool, effect_of>("effect"),
+    member<Tool, shown_effect>("effect"),
     member<&Tool::group>("group"),
     member<&Tool::anchor>("anchor"),
     member<Tool, parameters_of>("parameters"),
@@ -330,19 +325,10 @@ constexpr std::array server_members = {
 };
 constexpr ObjectType server_type = {.name = "server", .members = server_members};
 
-// Whether any tool has something to show.
-template <bool (*has)(const Tool&)>
-View any_tool(const Catalog& catalog) {
-  return View::truth(std::ranges::any_of(catalog.tools, has));
-}
-bool has_summary(const Tool& tool) { return !tool.summary.empty(); }
-bool has_effect(const Tool& tool) { return effect_of(tool).is_shown(); }
-bool has_title(const Tool& tool) { return !tool.title.empty(); }
-
 constexpr std::array any_members = {
-    member<Catalog, any_tool<has_summary>>("summaries"),
-    member<Catalog, any_tool<has_effect>>("effects"),
-    member<Catalog, any_tool<has_title>>("titles"),
+    member<&Any::summaries>("summaries"),
+    member<&Any::effects>("effects"),
+    member<&Any::titles>("titles"),
 };
 constexpr ObjectType any_type = {.name = "any", .members = any_members};
 
@@ -396,7 +382,7 @@ View templates_of(const Model& model) {
   return list_of<Resource, resource_view>(model.catalog->templates);
 }
 View counts_of(const Model& model) { return View::object(counts_type, &model.counts); }
-View any_of(const Model& model) { return View::object(any_type, model.catalog); }
+View any_of(const Model& model) { return View::object(any_type, &model.catalog->any); }
 View block_of(const Model& model) { return View::object(block_type, &model); }
 View tool_of(const Model& model) {
   return model.block.tool == nullptr ? View() : tool_view(*model.block.tool);

@@ -5,7 +5,7 @@
 namespace registry_docs::layouts {
 namespace {
 
-bool is_object(View view) { return view.kind() == View::Kind::object; }
+bool is_object(const View& view) { return view.kind() == View::Kind::object; }
 
 // Whether its objects may have members that it does not name.
 bool has_any_members(const ObjectType* type) { return type->find != nullptr; }
@@ -30,7 +30,7 @@ void Members::find_all() {
   }
 }
 
-void Context::push(View view) {
+void Context::push(const View& view) {
   Frame& frame = frames_.emplace_back();
   frame.view = view;
   if (is_object(view)) frame.type = types_.number_of(view.object_type());

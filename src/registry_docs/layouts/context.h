@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "registry_docs/layouts/program.h"
@@ -50,10 +51,18 @@ class Members {
 // The values that sections have put around a tag, the innermost last.
 class Context {
  public:
-  void push(View view);
+  void push(const View& view);
   void pop() { frames_.pop_back(); }
   [[nodiscard]] View innermost() const { return frames_.back().view; }
   [[nodiscard]] const Types& types() const { return types_; }
+
+  // The innermost object, and the member of that name in the table of its type; null if it is
+  // no object, or has none.
+  std::pair<const void*, const Member*> innermost_member(NameId name, Members& members) const {
+    const auto& [view, type] = frames_.back();
+    if (view.kind() != View::Kind::object) return {};
+    return {view.data(), members.of(type, name)};
+  }
 
   // What a path of names shows. Its first name is a member of the innermost object that has
   // it, each further one a member of what is shown by then. Throws InputError for a member

@@ -65,10 +65,12 @@ bool is_loop_variable(std::string_view path) {
 
 Expression Expressions::read(std::string_view text, const Place& place) {
   const std::vector<std::string_view> parts = parts_of(text, '|');
-  const Start start = start_of(parts[0], place);
-  return {.start = start,
-          .path = start == Start::member ? read_path(parts[0], place) : Range(),
-          .filters = read_filters(std::span(parts).subspan(1), place)};
+  Expression read{.start = start_of(parts[0], place)};
+  if (read.start == Start::member) read.path = read_path(parts[0], place);
+  if (read.path.size > 1) read.start = Start::path;
+  if (read.path.size == 1) read.name = program_.paths[read.path.begin];
+  read.filters = read_filters(std::span(parts).subspan(1), place);
+  return read;
 }
 
 Range Expressions::read_path(std::string_view path, const Place& place) {
@@ -92,7 +94,7 @@ Range Expressions::read_filters(std::span<const std::string_view> filters,
 Filter Expressions::filter_of(std::string_view name, const Place& place) const {
   std::vector<std::string_view> names;
   for (const TextFilter& filter : vocabulary_.filters) {
-    if (filter.name == name) return filter.append;
+    if (filter.name == name) return filter;
     names.push_back(filter.name);
   }
   for (const ListFilter& filter : list_filters()) {

@@ -20,7 +20,8 @@ std::size_t list_mark(std::string_view line) {
   std::size_t length = 0;
   while (length < std::min(line.size(), most_digits) && text::is_digit(line[length])) ++length;
   const std::string_view marks = length == 0 ? "-*+" : ".)";
-  if (length + 1 >= line.size() || marks.find(line[length]) == std::string_view::npos) return 0;
+  if (length + 1 >= line.size() || marks.find(line[length]) == std::string_view::npos)
+    return 0;
   return is_blank(line[length + 1]) ? length + 1 : 0;
 }
 

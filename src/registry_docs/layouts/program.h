@@ -16,7 +16,7 @@ namespace registry_docs::layouts {
 
 using NameId = std::uint32_t;  // of a distinct name: its place among them
 
-using Filter = std::variant<AppendText, ApplyToList>;
+using Filter = std::variant<TextFilter, ApplyToList>;
 
 // Some of the items of a list.
 struct Range {
@@ -26,11 +26,12 @@ struct Range {
 
 // "path | filter | filter".
 struct Expression {
-  enum class Start : std::uint8_t { member, self, is_first, is_last, number };
+  enum class Start : std::uint8_t { member, path, self, is_first, is_last, number };
 
   Start start;
-  Range path;  // for a member, its names
-  Range filters;
+  NameId name = 0;  // of a member
+  Range path = {};  // the names of a path
+  Range filters = {};
 };
 
 struct Text {

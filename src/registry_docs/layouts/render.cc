@@ -5,11 +5,12 @@
 #include <utility>
 #include <vector>
 
-#include "registry_docs/layouts/margin.h"
 #include "registry_docs/layouts/context.h"
 #include "registry_docs/layouts/list_filters.h"
+#include "registry_docs/layouts/margin.h"
 #include "registry_docs/layouts/refusal.h"
 #include "registry_docs/text.h"
+#include "text/ascii.h"
 
 namespace registry_docs::layouts {
 namespace {
@@ -38,8 +39,14 @@ struct Loop {
   Digits number = {};
 };
 
+// Whether a text is a line that begins with a letter.
+bool is_line_of_words(std::string_view text) {
+  return !text.empty() && text::is_letter(text[0]) &&
+         text.find('\n') == std::string_view::npos;
+}
+
 // What a tag shows of a value, if it shows any.
-std::optional<std::string_view> characters_of(View view) {
+std::optional<std::string_view> characters_of(const View& view) {
   switch (view.kind()) {
     case Kind::truth:
       return view.is_shown() ? "true" : "false";
@@ -88,27 +95,36 @@ class Renderer {
 
   void show(const ValueTag& value, const Instruction& at) {
     begin_line(at);
-    const auto filters = current_->source.program().filters_of(value.shown);
-    if (filters.empty()) return append(start_of(value.shown, at), value.is_raw);
-    Made made;
-    const View view = filtered(value.shown, filters.first(filters.size() - 1), made, at);
-    if (const auto* const append_text = std::get_if<AppendText>(&filters.back())) {
-      if (const auto text = characters_of(view)) (*append_text)(to_, *text, indent_here());
-    } else {
-      append(applied(filters.back(), view, made, at), value.is_raw);
+    if (value.shown.filters.size == 0) {
+      return append(start_of(value.shown, at), value.is_raw);
     }
+    const auto filters = current_->source.program().filters_of(value.shown);
+    if (const auto* const filter = std::get_if<TextFilter>(&filters.back())) {
+      if (filters.size() == 1) return append(*filter, start_of(value.shown, at));
+      Made made;
+      return append(*filter,
+                    filtered(value.shown, filters.first(filters.size() - 1), made, at));
+    }
+    Made made;
+    append(filtered(value.shown, filters, made, at), value.is_raw);
   }
 
   void show(const SectionTag& section, const Instruction& at) {
     begin_line(at);
-    Made made;
+    if (section.over.filters.size == 0) return show(section, start_of(section.over, at), at);
     const auto filters = current_->source.program().filters_of(section.over);
-    const View over = filtered(section.over, filters, made, at);
-    if (section.is_inverted) {
-      if (!over.is_shown()) go_through(at);
+    Made made;
+    show(section, filtered(section.over, filters, made, at), at);
+  }
+
+  void show(const SectionTag& section, const View& over, const Instruction& at) {
+    if (!over.is_shown()) {
+      if (section.is_inverted) go_through(at);
+    } else if (section.is_inverted) {
+      return;
     } else if (over.kind() == Kind::list) {
       go_through_each(over, at);
-    } else if (over.is_shown()) {
+    } else {
       go_through_with(over, at);
     }
   }
@@ -116,8 +132,8 @@ class Renderer {
   void show(const WrapperTag& section, const Instruction& at) {
     begin_line(at);
     const std::size_t begin = to_.size();
-    const std::string_view indent = indent_here();
     const Margin margin = margin_;
+    const std::string_view indent = section.wrap == nullptr ? indent_here() : "";
     go_through(at);
     if (section.wrap != nullptr) {
       section.wrap(to_, begin);
@@ -143,16 +159,21 @@ class Renderer {
   }
 
   void begin_line(const Instruction& at) {
-    if (at.begins_line) to_ += indent_;
+    if (at.begins_line && !indent_.empty()) to_ += indent_;
   }
 
   [[nodiscard]] Place place_of(const Instruction& at) const {
     return {.name = current_->source.name(), .line = at.line};
   }
 
+  std::string_view indent_for(const TextFilter& filter, std::string_view text) {
+    const bool is_used = filter.is_of_lines && !is_line_of_words(text);
+    return is_used ? indent_here() : std::string_view();
+  }
+
   std::string_view indent_here() { return blanks(margin_.at_end_of(to_)); }
 
-  void append(View view, bool is_raw) {
+  void append(const View& view, bool is_raw) {
     const auto characters = characters_of(view);
     if (!characters) return;
     if (view.kind() == Kind::text && !is_raw && environment_.escape != nullptr) {
@@ -162,9 +183,26 @@ class Renderer {
     }
   }
 
+  void append(const TextFilter& filter, const View& view) {
+    const auto characters = characters_of(view);
+    if (characters) filter.append(to_, *characters, indent_for(filter, *characters));
+  }
+
+  // Most tags name a member of the innermost object.
   View start_of(const Expression& expression, const Instruction& at) {
+    if (expression.start == Start::member) {
+      const auto [object, member] =
+          context_.innermost_member(expression.name, current_->members);
+      if (member != nullptr) return member->get(object);
+    }
+    return start_elsewhere(expression, at);
+  }
+
+  View start_elsewhere(const Expression& expression, const Instruction& at) {
     switch (expression.start) {
       case Start::member:
+        return context_.find({&expression.name, 1}, current_->members, place_of(at));
+      case Start::path:
         return context_.find(current_->source.program().path_of(expression), current_->members,
                              place_of(at));
       case Start::self:
@@ -191,14 +229,15 @@ class Renderer {
     return view;
   }
 
-  View applied(const Filter& filter, View view, Made& made, const Instruction& at) {
+  View applied(const Filter& filter, const View& view, Made& made, const Instruction& at) {
     if (const auto* const apply = std::get_if<ApplyToList>(&filter)) {
       return (*apply)(view, made, place_of(at));
     }
     const auto characters = characters_of(view);
     if (!characters) return {};
     std::string text;
-    std::get<AppendText>(filter)(text, *characters, indent_here());
+    const auto& text_filter = std::get<TextFilter>(filter);
+    text_filter.append(text, *characters, indent_for(text_filter, *characters));
     made.text = std::move(text);
     return View::text(made.text);
   }
@@ -222,13 +261,13 @@ class Renderer {
     --depth_;
   }
 
-  void go_through_with(View view, const Instruction& section) {
+  void go_through_with(const View& view, const Instruction& section) {
     context_.push(view);
     go_through(section);
     context_.pop();
   }
 
-  void go_through_each(View list, const Instruction& section) {
+  void go_through_each(const View& list, const Instruction& section) {
     Loop loop{.size = list.list_type().size(list.data())};
     Loop* const outer = std::exchange(loop_, &loop);
     auto visit = [&](View element) {

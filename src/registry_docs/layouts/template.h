@@ -3,8 +3,8 @@
 //
 //   {{path | filter | filter}}    also of sections, which end with the path alone
 //   {{@first}} {{@last}} {{@number}}    in the innermost section over a list, from 1
-//   {{#@wrapper}}...{{/@wrapper}}    @indent has every line but the first begin at the column
-//                                    where the section does
+//   {{#@wrapper}}...{{/@wrapper}}    @indent has every line but the first begin below what
+//                                    is written in the section's first, behind marks of lists
 //
 // Unlike in Mustache every number is shown, 0 too, lists and objects show nothing in a tag,
 // and only texts are escaped. A line of several tags leaves nothing if each of them alone

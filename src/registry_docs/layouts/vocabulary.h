@@ -9,15 +9,17 @@
 
 namespace registry_docs::layouts {
 
-// Appends to `to` what it makes of a text, which is shown as it is from there on. `indent`
-// holds as many blanks as there are columns, 200 at most, before the tag in its line of the
-// output: for every line but the first.
+// Appends to `to` what it makes of a text, which is shown as it is from there on. `indent` is
+// for every line but the first: as many blanks, 200 at most, as are before what is written in
+// the tag's line of the output, with the marks of lists.
 using AppendText = void (*)(std::string& to, std::string_view text, std::string_view indent);
 
 // For {{path | name}}.
 struct TextFilter {
   std::string_view name;
   AppendText append;
+  // Only then is it given an indent, and not for one line that begins with a letter.
+  bool is_of_lines = false;
 };
 
 // Changes what stands in `text` from `begin` on, and nothing before it.

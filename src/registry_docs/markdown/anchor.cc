@@ -2,9 +2,11 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "registry_docs/text.h"
+#include "text/ascii.h"
 #include "text/code_point.h"
 
 namespace registry_docs::markdown {
@@ -82,6 +84,11 @@ bool goes_on(std::string_view text) {
   return false;
 }
 
+// As all of most tools' names.
+bool is_kept_as_it_is(char c) {
+  return (c >= 'a' && c <= 'z') || text::is_digit(c) || c == '_' || c == '-';
+}
+
 void append_character(std::string& to, std::int32_t code_point) {
   if (code_point == ' ' || code_point == '-') {
     to += '-';
@@ -93,6 +100,7 @@ void append_character(std::string& to, std::int32_t code_point) {
 // The letters, numbers, marks and connectors of the text, in lower case, with hyphens for
 // blanks.
 std::string anchor_of(std::string_view text) {
+  if (std::ranges::all_of(text, is_kept_as_it_is)) return std::string(text);
   std::string anchor;
   bool is_in_word = false;
   for (std::size_t at = 0; at < text.size();) {

@@ -6,6 +6,7 @@
 #include "registry_docs/markdown/fence.h"
 #include "registry_docs/markdown/line.h"
 #include "registry_docs/markdown/paragraph.h"
+#include "registry_docs/markdown/prose.h"
 #include "registry_docs/markdown/safe.h"
 #include "registry_docs/markdown/shown_text.h"
 
@@ -49,6 +50,10 @@ void append_block(std::string& to, std::span<const Line>& lines, std::string_vie
 }  // namespace
 
 void append_blocks(std::string& to, std::string_view text, std::string_view indent) {
+  if (is_plain_line(text)) {
+    to += text;
+    return;
+  }
   std::string room;
   const std::vector<Line> all = lines_of(shown_text(text, room));
   std::span<const Line> lines(all);

@@ -30,14 +30,41 @@ bool needs_room(std::string_view text) {
   return text.starts_with('`') || text.ends_with('`') || (is_apart && !is_blank);
 }
 
+// By byte: whether it needs no care within a code span.
+constexpr auto is_of_names = [] {
+  std::array<bool, 256> is_kept{};
+  for (std::size_t c = 0; c < is_kept.size(); ++c) {
+    is_kept[c] = text::is_letter_or_digit(static_cast<char>(c));
+  }
+  for (const char c : std::string_view("_-./[]:* ")) {
+    is_kept[static_cast<unsigned char>(c)] = true;
+  }
+  return is_kept;
+}();
+
+// Whether nothing in a text needs care, as in most names.
+bool is_name(std::string_view text) {
+  return !text.empty() && text.front() != ' ' && text.back() != ' ' &&
+         std::ranges::all_of(
+             text, [](char c) { return is_of_names[static_cast<unsigned char>(c)]; });
+}
+
 }  // namespace
 
 void append_inline(std::string& to, std::string_view text) {
+  if (is_plain_line(text)) {
+    to += text;
+    return;
+  }
   std::string room;
   append_prose(to, text::trimmed(shown_text(text, room), text::is_blank_or_line_feed));
 }
 
 void append_code_span(std::string& to, std::string_view text) {
+  if (is_name(text)) {
+    to.append(1, '`').append(text).append(1, '`');
+    return;
+  }
   std::string room;
   std::string content;
   append_on_one_line(content, shown_text(text, room));

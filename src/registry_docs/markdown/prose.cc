@@ -194,6 +194,14 @@ std::string_view without_padding(std::string_view content) {
 
 }  // namespace
 
+bool is_plain_line(std::string_view text) {
+  if (text.empty() || !text::is_letter(text[0])) return false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] < ' ' || text[at] > '~' || !is_plain(text, at)) return false;
+  }
+  return true;
+}
+
 void append_prose(std::string& to, std::string_view text, const EndLine& end_line) {
   Prose(to, text, Code::spans, end_line).append();
 }

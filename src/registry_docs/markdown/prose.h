@@ -13,6 +13,10 @@ namespace registry_docs::markdown {
 // Appends what stands for a line feed of the text and the blanks around it.
 using EndLine = std::function<void(const char* line_feed)>;
 
+// Whether it is clear at one look that a text is shown as it is, on one line, wherever it
+// stands. Most are, and take a third of the time that way.
+bool is_plain_line(std::string_view text);
+
 // Appends what shows `text`, which may begin a line, with its code spans, each on one line. It
 // is a `shown_text` with no blanks and line feeds at its ends. Without `end_line` all of it
 // stands on one line.
