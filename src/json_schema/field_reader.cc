@@ -42,7 +42,11 @@ bool is_of_parameters(const Form& form) {
 }
 
 void unite_values(Field& field, const std::vector<Form>& forms) {
-  for (const Form& form : forms) unite(field.values, form.field.values);
+  std::vector<Node> values;
+  for (const Form& form : forms) {
+    values.insert(values.end(), form.field.values.begin(), form.field.values.end());
+  }
+  unite(field.values, values);  // at once, as each time looks at all
 }
 
 void put_into_words(Field& field) {
