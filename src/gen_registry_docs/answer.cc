@@ -1,8 +1,6 @@
 #include "gen_registry_docs/answer.h"
 
 #include <fcntl.h>
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,6 +10,7 @@
 #include "gen_registry_docs/output.h"
 #include "json/document.h"
 #include "json/node.h"
+#include "json/pretty.h"
 #include "mcp_client/client.h"
 #include "port/descriptor.h"
 #include "registry_docs/errors.h"
@@ -21,43 +20,6 @@ namespace gen_registry_docs {
 namespace {
 
 namespace fs = std::filesystem;
-
-using json::Kind;
-using json::Node;
-using rapidjson::SizeType;
-using Writer = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-void put_string(Writer& writer, std::string_view text) {
-  writer.String(text.data(), static_cast<SizeType>(text.size()));
-}
-
-void put(Writer& writer, const Node& value) {
-  if (value.kind() == Kind::object) {
-    writer.StartObject();
-    value.for_each_member([&writer](std::string_view name, const Node& member) {
-      put_string(writer, name);
-      put(writer, member);
-    });
-    writer.EndObject();
-  } else if (value.kind() == Kind::array) {
-    writer.StartArray();
-    value.for_each_element([&writer](const Node& element) { put(writer, element); });
-    writer.EndArray();
-  } else if (value.kind() == Kind::string) {
-    put_string(writer, value.string());
-  } else {
-    const std::string_view spelling = value.spelling();
-    writer.RawValue(spelling.data(), spelling.size(), rapidjson::kNumberType);
-  }
-}
-
-std::string pretty(const std::string& json) {
-  rapidjson::StringBuffer text;
-  Writer writer(text);
-  writer.SetIndent(' ', 2);
-  put(writer, Node(json::Document("the answer", json)));
-  return std::string(text.GetString(), text.GetSize()) + "\n";
-}
 
 bool holds(const fs::path& path, const std::string& text) {
   try {
@@ -99,8 +61,8 @@ std::string ask(const registry::Server& server, const fs::path& root, const Opti
   return mcp_client::list_tools(asked, settings);
 }
 
-void save(const std::string& json, const fs::path& path) {
-  const std::string text = pretty(json);
+void save(const std::string& answer, const fs::path& path) {
+  const std::string text = json::pretty(json::Node(json::Document("the answer", answer)));
   if (holds(path, text)) return;
   std::error_code failure;
   const fs::path real =

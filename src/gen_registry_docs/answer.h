@@ -16,10 +16,10 @@ std::string ask(const registry::Server& server, const std::filesystem::path& roo
                 const Options& options);
 
 // Writes an answer for people and version control to read: with line feeds and blanks, members
-// in order and numbers as they are spelled. `json` must be a document by the rules of a
+// in order and numbers as they are spelled. `answer` must be a document by the rules of a
 // registry. A file that holds it already is not touched; any other is replaced as a whole, or
 // not at all. Throws FileError.
-void save(const std::string& json, const std::filesystem::path& path);
+void save(const std::string& answer, const std::filesystem::path& path);
 
 }  // namespace gen_registry_docs
 

@@ -2,6 +2,7 @@
 
 #include "json/node.h"
 #include "json/number.h"
+#include "json/pretty.h"
 #include "text/value.h"
 
 namespace json {
@@ -28,7 +29,9 @@ char short_escape(char c) {
   }
 }
 
-void append_json_string(std::string& json, std::string_view text) {
+}  // namespace
+
+void append_string(std::string& json, std::string_view text) {
   constexpr std::string_view digits = "0123456789abcdef";
   json += '"';
   for (const char c : text) {
@@ -44,8 +47,6 @@ void append_json_string(std::string& json, std::string_view text) {
   }
   json += '"';
 }
-
-}  // namespace
 
 registry_docs::Value Node::value() const {
   switch (kind()) {
@@ -79,7 +80,7 @@ std::string Node::json() const {
 void Node::append_json(std::string& json) const {
   std::string_view separator;
   if (kind() == Kind::string) {
-    append_json_string(json, token_->text());
+    append_string(json, token_->text());
   } else if (kind() == Kind::array) {
     json += '[';
     for_each_element([&](const Node& element) {
@@ -91,7 +92,7 @@ void Node::append_json(std::string& json) const {
     json += '{';
     for_each_member([&](std::string_view name, const Node& member) {
       json += std::exchange(separator, ",");
-      append_json_string(json, name);
+      append_string(json, name);
       json += ':';
       member.append_json(json);
     });

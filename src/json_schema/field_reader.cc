@@ -62,7 +62,11 @@ std::string_view simple_type(const Parts& parts) {
 }
 
 void unite_values(Field& field, const std::vector<Form>& forms) {
-  for (const Form& form : forms) unite(field.values, form.field.values);
+  std::vector<Node> values;
+  for (const Form& form : forms) {
+    values.insert(values.end(), form.field.values.begin(), form.field.values.end());
+  }
+  unite(field.values, values);  // at once, as each time looks at all
 }
 
 void put_into_words(Field& field) {

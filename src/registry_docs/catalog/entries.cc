@@ -110,6 +110,15 @@ Tool tool_of(const Node& entry) {
   return tool;
 }
 
+bool is_default_hint(std::string_view name, const Node& value) {
+  if (value.kind() != Kind::boolean) return false;
+  const auto& [read_only, destructive, idempotent, open_world] = Hints();
+  for (const Hint& hint : {read_only, destructive, idempotent, open_world}) {
+    if (hint.name == name) return hint.value == value.boolean();
+  }
+  return false;
+}
+
 std::vector<Prompt> prompts_of(const Node& answer) {
   return entries_of<Prompt>(answer, "prompts", prompt_of);
 }

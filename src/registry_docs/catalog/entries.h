@@ -2,6 +2,7 @@
 #ifndef REGISTRY_DOCS_CATALOG_ENTRIES_H
 #define REGISTRY_DOCS_CATALOG_ENTRIES_H
 
+#include <string_view>
 #include <vector>
 
 #include "json/node.h"
@@ -18,6 +19,9 @@ Server server_of(const json::Node& answer);
 
 // A tool without its parameters and its output.
 Tool tool_of(const json::Node& entry);
+
+// Whether a member of a tool's annotations is a hint that says what holds without it.
+bool is_default_hint(std::string_view name, const json::Node& value);
 
 // The members "prompts", "resources" and "resourceTemplates" of an answer, if it has them.
 std::vector<Prompt> prompts_of(const json::Node& answer);

@@ -1,0 +1,72 @@
+#include "json/pretty.h"
+
+#include <utility>
+
+namespace json {
+
+void Pretty::name(std::string_view name) {
+  begin_part();
+  append_string(text_, name);
+  text_ += ": ";
+  is_named_ = true;
+}
+
+void Pretty::value(const Node& value) {
+  if (value.kind() == Kind::object) {
+    open('{');
+    value.for_each_member([this](std::string_view member, const Node& held) {
+      name(member);
+      this->value(held);
+    });
+    close('}');
+  } else if (value.kind() == Kind::array) {
+    open('[');
+    value.for_each_element([this](const Node& element) { this->value(element); });
+    close(']');
+  } else {
+    begin_part();
+    if (value.kind() == Kind::string) {
+      append_string(text_, value.string());
+    } else {
+      text_ += value.spelling();
+    }
+  }
+}
+
+std::string Pretty::take() && {
+  text_ += '\n';
+  return std::move(text_);
+}
+
+void Pretty::open(char bracket) {
+  begin_part();
+  text_ += bracket;
+  ++depth_;
+  is_empty_ = true;
+}
+
+void Pretty::close(char bracket) {
+  --depth_;
+  if (!std::exchange(is_empty_, false)) begin_line();
+  text_ += bracket;
+}
+
+// A name stands where its value would, and its value behind it.
+void Pretty::begin_part() {
+  if (std::exchange(is_named_, false) || depth_ == 0) return;
+  if (!std::exchange(is_empty_, false)) text_ += ',';
+  begin_line();
+}
+
+void Pretty::begin_line() {
+  text_ += '\n';
+  text_.append(2 * depth_, ' ');
+}
+
+std::string pretty(const Node& value) {
+  Pretty pretty;
+  pretty.value(value);
+  return std::move(pretty).take();
+}
+
+}  // namespace json
