@@ -14,7 +14,8 @@ void run(std::string_view input) {
                       "<!-- /registry:rules-routes -->'''");
   std::string text;
   try {
-    const auto bound = registry::bind(directory.path(), {.registry = registry});
+    const auto bound = registry::bind(
+        registry::open_repository(directory.path(), {.registry = registry}), {});
     for (const GeneratedFile& file : bound.files) {
       for (const auto& [name, renderer] : file.blocks) {
         try {
@@ -29,6 +30,8 @@ void run(std::string_view input) {
   } catch (const registry_docs::InputError& error) {
     text = error.what();
     require(text.starts_with(registry + ":"), "the file's name first", text);
+  } catch (const FileError& error) {
+    text = error.what();  // of a template, say
   } catch (const DecodeError& error) {
     require(find_ill_formed(input) == error.offset(), "the right offset", error.what());
   }

@@ -54,7 +54,7 @@ void require_truth(const FileReport& file, const std::string& bytes,
   using namespace gen_registry_docs;
   const std::vector<advice::Steps> steps = {advice::steps(file)};
   static_cast<void>(formats::github_report({&file, 1}, steps, ".", "."));
-  static_cast<void>(formats::json_report({&file, 1}, {}));
+  static_cast<void>(formats::json_report({&file, 1}, {}, {}, ""));
   require(file.state != FileState::wrong_markers || !steps.front().empty(), "advice",
           file.problem);
   if (file.state != FileState::stale) return;

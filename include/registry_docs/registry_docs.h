@@ -31,13 +31,30 @@ using Renderer = std::function<std::string()>;
 // From a rendered text to the text that its file stores.
 using Encoder = std::function<std::string(std::string)>;
 
-// A file of the repository that holds generated blocks.
+// A part of a file's text that is made, and stands between no markers.
+struct Part {
+  std::string name;       // for messages
+  std::size_t begin = 0;  // a byte offset in the text
+  std::size_t end = 0;
+  std::string text = {};  // what is to stand there
+};
+
+// The parts of a file's text in order, none within another or within a block's body.
+using Parts = std::function<std::vector<Part>(std::string_view text)>;
+
+// A file of the repository that holds generated blocks or parts.
 struct GeneratedFile {
   std::string path;  // relative to the repository's root, "/"-separated
   // Names, distinct, and renderers in order of declaration; the file may hold the
   // blocks in any order.
   std::vector<std::pair<std::string, Renderer>> blocks = {};
   Encoder encode = [](std::string block) { return block; };
+  Parts parts = {};
+  // Taken for empty where it is absent, and made by a write.
+  bool may_be_absent = false;
+  // Beginnings of names: blocks of such names are not looked at, since nothing is known of
+  // them now.
+  std::vector<std::string> left_out = {};
 };
 
 // --- Blocks in a text ---

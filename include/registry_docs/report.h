@@ -49,6 +49,7 @@ struct FileReport {
   std::vector<std::string> declared = {};  // the names of the blocks that it shall hold
   std::string problem = {};                // the line of stale_blocks; empty when current
   std::string text = {};                   // the file's text, with line feeds
+  bool is_new = false;                     // there is no such file yet
 };
 
 // The blocks of a text with their places, as current.

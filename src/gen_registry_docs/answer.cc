@@ -48,17 +48,21 @@ std::error_code write_new(const std::string& path, std::string_view text) {
 
 }  // namespace
 
-std::string ask(const registry::Server& server, const fs::path& root, const Options& options) {
-  mcp_client::Server asked{server.command, server.args, server.env,
-                           (root / server.cwd.value_or("")).string()};
-  mcp_client::Settings settings;
-  if (options.timeout) settings.timeout = *options.timeout;
-  settings.warn = print_error;
-  const bool is_terminal = ::isatty(STDERR_FILENO) != 0;
-  settings.waiting = [is_terminal](const std::string& what) {
-    if (is_terminal) print_error(what);
-  };
-  return mcp_client::list_tools(asked, settings);
+std::vector<Asked> ask(std::span<const registry::Server> servers, const Options& options) {
+  std::vector<Asked> all;
+  for (const registry::Server& server : servers) {
+    Asked& asked = all.emplace_back();
+    mcp_client::Server started{server.command, server.args, server.env, server.cwd};
+    mcp_client::Settings settings;
+    if (options.timeout) settings.timeout = *options.timeout;
+    settings.warn = print_error;
+    try {
+      asked.answer = mcp_client::list_tools(started, settings);
+    } catch (const mcp_client::ServerError& error) {
+      asked.failure = registry::without(server.secrets, error.what());
+    }
+  }
+  return all;
 }
 
 void save(const std::string& answer, const fs::path& path) {

@@ -3,17 +3,24 @@
 #define GEN_REGISTRY_DOCS_ANSWER_H
 
 #include <filesystem>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "gen_registry_docs/options.h"
 #include "registry/server.h"
 
 namespace gen_registry_docs {
 
-// Asks a live server, from the root unless it names another directory. Warnings, and at a
-// terminal what is being waited for, go to standard error. Throws mcp_client::ServerError.
-std::string ask(const registry::Server& server, const std::filesystem::path& root,
-                const Options& options);
+// What became of asking a server.
+struct Asked {
+  std::string answer = {};   // JSON
+  std::string failure = {};  // why there is none; safe to show, of one line or more
+};
+
+// Asks live servers, side by side and each in its own directory. Warnings, and at a terminal
+// what is being waited for, go to standard error. No value of a variable is in what is said.
+std::vector<Asked> ask(std::span<const registry::Server> servers, const Options& options);
 
 // Writes an answer for people and version control to read: with line feeds and blanks, members
 // in order and numbers as they are spelled. `answer` must be a document by the rules of a

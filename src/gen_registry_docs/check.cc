@@ -8,12 +8,14 @@
 
 #include "gen_registry_docs/advice/next_steps.h"
 #include "gen_registry_docs/diff/unified_diff.h"
+#include "gen_registry_docs/formats/changes.h"
 #include "gen_registry_docs/formats/github.h"
 #include "gen_registry_docs/formats/json.h"
 #include "gen_registry_docs/output.h"
 #include "registry_docs/registry_docs.h"
 #include "registry_docs/report.h"
 #include "registry_docs/text.h"
+#include "text/join.h"
 
 namespace gen_registry_docs {
 namespace {
@@ -46,18 +48,25 @@ std::vector<std::string> diffs_of(const Files& files, const fs::path& root,
   for (std::size_t i = 0; i < files.size(); ++i) {
     if (files[i].state != FileState::stale) continue;
     const std::string bytes =
-        registry_docs::read_bytes(root / files[i].path, registry_docs::FileKind::regular);
+        files[i].is_new ? std::string()
+                        : registry_docs::read_bytes(root / files[i].path,
+                                                    registry_docs::FileKind::regular);
     diffs[i] = diff::unified_diff(files[i], bytes, colors);
   }
   return diffs;
 }
 
-// The problem lines, each with its file's diff if there are any.
-std::string text_report(const Files& files, const std::vector<std::string>& diffs) {
+// The problem lines, each with its file's diff if there are any, and what changed of its
+// server if the file keeps that.
+std::string text_report(const Files& files, const std::vector<std::string>& diffs,
+                        const Workspace& workspace) {
   std::string text;
   for (std::size_t i = 0; i < files.size(); ++i) {
     if (files[i].state == FileState::current) continue;
     text += files[i].problem + "\n";
+    for (const registry::ServerChange& change : workspace.changes) {
+      if (change.path == files[i].path) text += formats::line_of(change) + "\n";
+    }
     if (!diffs.empty()) text += diffs[i];
   }
   return text;
@@ -72,36 +81,61 @@ fs::path annotated_top() {
   return is_known ? fs::path(workspace) : fs::current_path(failure);
 }
 
+std::string github_failures(const Workspace& workspace) {
+  std::string commands;
+  for (const std::string& failure : workspace.failures) {
+    commands += formats::github_failure(failure, annotated_top());
+  }
+  return commands;
+}
+
 std::string shown(const Files& files, const std::vector<advice::Steps>& steps,
-                  const fs::path& root, const Options& options) {
+                  const Workspace& workspace, const Options& options) {
   const Format format = options.format.value_or(Format::text);
+  const fs::path& root = workspace.root;
   if (format == Format::github) {
-    return formats::github_report(files, steps, root, annotated_top());
+    return formats::github_report(files, steps, root, annotated_top()) +
+           formats::github_changes(workspace.changes, root, annotated_top()) +
+           github_failures(workspace);
   }
   const auto colors = format == Format::text ? colors_of(options) : diff::Colors::none;
   const auto diffs = options.diff ? diffs_of(files, root, colors) : std::vector<std::string>();
-  return format == Format::json ? formats::json_report(files, diffs)
-                                : text_report(files, diffs);
+  if (format == Format::text) return text_report(files, diffs, workspace);
+  return formats::json_report(files, diffs, workspace.changes,
+                              text::join(workspace.failures, "\n"));
 }
 
 bool has_problem(const FileReport& file) { return file.state != FileState::current; }
 
+bool is_breaking(const registry::ServerChange& change) {
+  return change.change.verdict == registry_docs::changes::Verdict::breaking;
+}
+
+int status_of(bool is_current, const Workspace& workspace, const Options& options) {
+  if (!workspace.failures.empty()) return 2;
+  if (options.fail_on == FailOn::breaking) {
+    return std::ranges::any_of(workspace.changes, is_breaking) ? 1 : 0;
+  }
+  return is_current ? 0 : 1;
+}
+
 }  // namespace
 
-int check(std::span<const registry_docs::GeneratedFile> generated, const fs::path& root,
-          const Options& options, std::string_view program) {
+int check(Workspace& workspace, const Options& options, std::string_view program) {
   // Only JSON tells of current blocks; most checks find no others.
   const auto detail = options.format == Format::json ? registry_docs::Detail::everything
                                                      : registry_docs::Detail::problems;
-  const Files files = registry_docs::report(generated, root, detail);
+  const Files files = report(workspace, detail);
   const bool is_current = std::ranges::none_of(files, has_problem);
-  const bool is_shown = !is_current || options.format == Format::json;
+  const bool is_shown =
+      !is_current || options.format == Format::json || !workspace.failures.empty();
   if (is_shown && !options.quiet) {
     const std::vector<advice::Steps> steps = advice::steps(files);
-    print(shown(files, steps, root, options));
+    print(shown(files, steps, workspace, options));
     advice::print_next_steps(files, steps, options, program);
   }
-  return is_current ? 0 : 1;
+  for (const std::string& failure : workspace.failures) print_error_lines(failure);
+  return status_of(is_current, workspace, options);
 }
 
 void print_failure(const std::string& message, const Options& options) {

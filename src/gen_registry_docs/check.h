@@ -2,19 +2,16 @@
 #ifndef GEN_REGISTRY_DOCS_CHECK_H
 #define GEN_REGISTRY_DOCS_CHECK_H
 
-#include <filesystem>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "gen_registry_docs/options.h"
-#include "registry_docs/registry_docs.h"
+#include "gen_registry_docs/workspace.h"
 
 namespace gen_registry_docs {
 
 // Returns the exit status. Throws what keeps the files from being checked.
-int check(std::span<const registry_docs::GeneratedFile> generated,
-          const std::filesystem::path& root, const Options& options, std::string_view program);
+int check(Workspace& workspace, const Options& options, std::string_view program);
 
 // Prints, in the format that was asked for, that the check could not do its work.
 void print_failure(const std::string& message, const Options& options);

@@ -4,9 +4,11 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 #include <vector>
 
+#include "text/join.h"
 #include "text/nearest.h"
 
 namespace gen_registry_docs {
@@ -28,9 +30,12 @@ struct FlagSwitch {
   std::string_view name;
   bool Options::*flag;
 };
-constexpr std::array<FlagSwitch, 3> flags = {{{"--diff", &Options::diff},
+constexpr std::array<FlagSwitch, 6> flags = {{{"--diff", &Options::diff},
                                               {"--quiet", &Options::quiet},
-                                              {"--exit-code", &Options::exit_code}}};
+                                              {"--exit-code", &Options::exit_code},
+                                              {"--recursive", &Options::recursive},
+                                              {"--offline", &Options::offline},
+                                              {"--strict", &Options::strict}}};
 
 // The values as they are given.
 struct Given {
@@ -42,20 +47,24 @@ struct Given {
   std::optional<std::string> timeout = {};
   std::optional<std::string> format = {};
   std::optional<std::string> color = {};
+  std::optional<std::string> fail_on = {};
+  std::optional<std::string> jobs = {};
 };
 struct ValueSwitch {
   std::string_view name;
   std::optional<std::string> Given::*value;
 };
 constexpr std::string_view print_layout = "--print-layout";
-constexpr std::array<ValueSwitch, 8> values = {{{print_layout, &Given::print_layout},
-                                                {"--root", &Given::root},
-                                                {"--registry", &Given::registry},
-                                                {"--tools", &Given::tools},
-                                                {"--save-tools", &Given::save_tools},
-                                                {"--timeout", &Given::timeout},
-                                                {"--format", &Given::format},
-                                                {"--color", &Given::color}}};
+constexpr std::array<ValueSwitch, 10> values = {{{print_layout, &Given::print_layout},
+                                                 {"--root", &Given::root},
+                                                 {"--registry", &Given::registry},
+                                                 {"--tools", &Given::tools},
+                                                 {"--save-tools", &Given::save_tools},
+                                                 {"--timeout", &Given::timeout},
+                                                 {"--format", &Given::format},
+                                                 {"--color", &Given::color},
+                                                 {"--fail-on", &Given::fail_on},
+                                                 {"--jobs", &Given::jobs}}};
 
 template <typename Value>
 struct Choice {
@@ -64,6 +73,8 @@ struct Choice {
 };
 constexpr std::array<Choice<Format>, 3> formats = {
     {{"text", Format::text}, {"json", Format::json}, {"github", Format::github}}};
+constexpr std::array<Choice<FailOn>, 2> severities = {
+    {{"any", FailOn::any}, {"breaking", FailOn::breaking}}};
 constexpr std::array<Choice<Color>, 3> colors = {
     {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}}};
 
@@ -84,7 +95,7 @@ class Arguments {
   std::span<const char* const> rest_;
 };
 
-std::string quoted(std::string_view argument) { return "'" + std::string(argument) + "'"; }
+std::string shown(std::string_view argument) { return "'" + std::string(argument) + "'"; }
 
 // Takes the value of the option `name` when `argument` is that option, as "--root DIR" or
 // "--root=DIR".
@@ -109,16 +120,28 @@ bool take_any_value(std::string_view argument, Arguments& rest, Given& given) {
   });
 }
 
-template <typename Value>
+template <typename Value, std::size_t count>
 std::optional<Value> chosen(const std::string& option, const std::optional<std::string>& name,
-                            const std::array<Choice<Value>, 3>& choices) {
+                            const std::array<Choice<Value>, count>& choices) {
   if (!name) return std::nullopt;
   const auto* const found = std::ranges::find(choices, *name, &Choice<Value>::name);
   if (found != choices.end()) return found->value;
-  const auto [first, second, third] = choices;
-  throw UsageError(option + ": expected " + std::string(first.name) + ", " +
-                   std::string(second.name) + " or " + std::string(third.name) + ", found " +
-                   quoted(*name));
+  const auto all_but_last = std::span(choices).first(count - 1);
+  throw UsageError(option + ": expected " +
+                   text::join(all_but_last, ", ", &Choice<Value>::name) + " or " +
+                   std::string(choices.back().name) + ", found " + shown(*name));
+}
+
+std::size_t number_of_jobs(const std::optional<std::string>& given, std::size_t usual) {
+  if (!given) return usual;
+  constexpr std::size_t most = 1000;
+  std::size_t number = 0;
+  const char* const end = given->data() + given->size();
+  const auto [rest, failure] = std::from_chars(given->data(), end, number);
+  if (failure != std::errc() || rest != end || number == 0 || number > most) {
+    throw UsageError("--jobs: expected a number from 1 to 1000, found " + shown(*given));
+  }
+  return number;
 }
 
 std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string>& given) {
@@ -128,9 +151,16 @@ std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string
   const char* const end = given->data() + given->size();
   const auto [rest, failure] = std::from_chars(given->data(), end, number);
   if (failure != std::errc() || rest != end || !(number > 0 && number <= most)) {
-    throw UsageError("--timeout: expected a number of seconds, found " + quoted(*given));
+    throw UsageError("--timeout: expected a number of seconds, found " + shown(*given));
   }
   return std::chrono::milliseconds(static_cast<std::int64_t>(number * 1000) + 1);
+}
+
+// An option is never taken for one.
+bool is_directory(std::string_view argument) {
+  std::error_code failure;
+  return !argument.empty() && !argument.starts_with('-') &&
+         std::filesystem::is_directory(argument, failure);
 }
 
 // The option that was probably meant.
@@ -148,15 +178,36 @@ UsageError unknown_option(std::string_view argument) {
   const std::string_view option = meant_option(argument);
   if (!option.empty() && argument.starts_with(std::string(option) + "=")) {
     return UsageError(std::string(option) + ": expected no value, found " +
-                      quoted(argument.substr(option.size() + 1)));
+                      shown(argument.substr(option.size() + 1)));
   }
   const std::string meant = option.empty() ? "" : ", perhaps " + std::string(option);
-  return UsageError(quoted(argument) + ": expected an option" + meant + ", see --help");
+  const char* const expected =
+      argument.starts_with('-') ? "an option" : "an option or a directory";
+  return UsageError(shown(argument) + ": expected " + expected + meant + ", see --help");
 }
 
 std::string_view name_of(Action action) {
   if (action == Action::print_layout) return print_layout;
   return std::ranges::find(actions, action, &ActionSwitch::action)->name;
+}
+
+// Refuses what is meant for one repository beside several.
+void require_one_repository(const Options& options) {
+  if (options.root && !options.directories.empty()) {
+    throw UsageError("--root: expected no directory beside it, found " +
+                     shown(options.directories.front()));
+  }
+  if (options.directories.size() < 2 && !options.recursive) return;
+  const auto refuse = [](bool is_given, const char* option) {
+    if (is_given) {
+      throw UsageError(std::string(option) +
+                       ": expected one repository beside it, found several");
+    }
+  };
+  refuse(options.registry.has_value(), "--registry");
+  refuse(options.tools.has_value(), "--tools");
+  refuse(options.save_tools.has_value(), "--save-tools");
+  refuse(options.action == Action::print_model, "--print-model");
 }
 
 // Refuses what makes no sense together.
@@ -174,6 +225,11 @@ void require_consistency(const Options& options) {
   require(options.diff, "--diff", is_check, "--check");
   require(options.format.has_value(), "--format", is_check, "--check");
   require(options.color.has_value(), "--color", is_check, "--check");
+  require(options.fail_on != FailOn::any, "--fail-on", is_check, "--check");
+  require_one_repository(options);
+  if (options.offline && (options.tools || options.save_tools)) {
+    throw UsageError("--offline: expected neither --tools nor --save-tools beside it");
+  }
   if (options.registry == "-" && options.tools == "-") {
     throw UsageError(
         "--registry --tools: expected one of them from standard input, found both");
@@ -203,6 +259,8 @@ Options with_values(Options options, const Given& given) {
   options.timeout = seconds(given.timeout);
   options.format = chosen("--format", given.format, formats);
   options.color = chosen("--color", given.color, colors);
+  options.fail_on = chosen("--fail-on", given.fail_on, severities).value_or(FailOn::any);
+  options.jobs = number_of_jobs(given.jobs, options.jobs);
   return options;
 }
 
@@ -223,7 +281,11 @@ Options parse_options(std::span<const char* const> arguments) {
       take_action(found->action, action);
     } else if (flag != flags.end()) {
       options.*(flag->flag) = true;
-    } else if (!take_any_value(argument, rest, given)) {
+    } else if (take_any_value(argument, rest, given)) {
+      continue;
+    } else if (is_directory(argument)) {
+      options.directories.emplace_back(argument);
+    } else {
       throw unknown_option(argument);
     }
   }

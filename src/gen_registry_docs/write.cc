@@ -21,10 +21,10 @@ using Files = std::vector<FileReport>;
 
 // Looks at the files one after the other, up to the first that cannot be written, and says
 // why.
-std::optional<std::string> look_at(std::span<const GeneratedFile> generated,
+std::optional<std::string> look_at(std::span<const GeneratedFile* const> generated,
                                    const fs::path& root, Files& files) {
-  for (const GeneratedFile& each : generated) {
-    files.push_back(registry_docs::report_file(each, root));
+  for (const GeneratedFile* const each : generated) {
+    files.push_back(registry_docs::report_file(*each, root));
     if (auto refusal = advice::refusal(files.back())) return refusal;
   }
   return std::nullopt;
@@ -32,12 +32,12 @@ std::optional<std::string> look_at(std::span<const GeneratedFile> generated,
 
 // Looks at the files behind the first that cannot be written, and says what has to be done to
 // all of them; nothing when one of them cannot be looked at.
-void print_what_to_do(std::span<const GeneratedFile> left, const fs::path& root, Files files,
-                      const Options& options, std::string_view program,
+void print_what_to_do(std::span<const GeneratedFile* const> left, const fs::path& root,
+                      Files files, const Options& options, std::string_view program,
                       std::string_view said) {
   try {
-    for (const GeneratedFile& each : left) {
-      files.push_back(registry_docs::report_file(each, root));
+    for (const GeneratedFile* const each : left) {
+      files.push_back(registry_docs::report_file(*each, root));
     }
   } catch (const std::exception&) {
     return;  // why nothing was written is said already
@@ -45,18 +45,32 @@ void print_what_to_do(std::span<const GeneratedFile> left, const fs::path& root,
   advice::print_next_steps(files, advice::steps(files), options, program, said);
 }
 
+// Those of all repositories.
+std::vector<const GeneratedFile*> all_files(const Workspace& workspace) {
+  std::vector<const GeneratedFile*> all;
+  for (const auto& files : workspace.files) {
+    for (const GeneratedFile& file : files) all.push_back(&file);
+  }
+  return all;
+}
+
 }  // namespace
 
-int write(std::span<const GeneratedFile> generated, const fs::path& root,
-          const Options& options, std::string_view program) {
+int write(const Workspace& workspace, const Options& options, std::string_view program) {
+  for (const std::string& failure : workspace.failures) print_error_lines(failure);
+  if (!workspace.failures.empty()) return 2;
+  const std::vector<const GeneratedFile*> all = all_files(workspace);
+  const std::span<const GeneratedFile* const> generated(all);
   Files files;
-  if (const auto refusal = look_at(generated, root, files)) {
+  if (const auto refusal = look_at(generated, workspace.root, files)) {
     print_error(*refusal);
     const auto left = generated.subspan(files.size());
-    if (!options.quiet) print_what_to_do(left, root, files, options, program, *refusal);
+    if (!options.quiet) {
+      print_what_to_do(left, workspace.root, files, options, program, *refusal);
+    }
     return 1;
   }
-  const std::vector<std::string> written = registry_docs::write_files(files, root);
+  const std::vector<std::string> written = registry_docs::write_files(files, workspace.root);
   if (!options.quiet) print_lines(written);
   return options.exit_code && !written.empty() ? 1 : 0;
 }

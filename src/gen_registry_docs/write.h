@@ -2,18 +2,16 @@
 #ifndef GEN_REGISTRY_DOCS_WRITE_H
 #define GEN_REGISTRY_DOCS_WRITE_H
 
-#include <filesystem>
-#include <span>
 #include <string_view>
 
 #include "gen_registry_docs/options.h"
-#include "registry_docs/registry_docs.h"
+#include "gen_registry_docs/workspace.h"
 
 namespace gen_registry_docs {
 
-// Returns the exit status. Throws what keeps the files from being looked at or written.
-int write(std::span<const registry_docs::GeneratedFile> generated,
-          const std::filesystem::path& root, const Options& options, std::string_view program);
+// Returns the exit status. Writes nothing where anything was left out. Throws what keeps the
+// files from being looked at or written.
+int write(const Workspace& workspace, const Options& options, std::string_view program);
 
 }  // namespace gen_registry_docs
 

@@ -384,9 +384,12 @@ Field read_input(const Node& schema, std::vector<Fault>& faults) {
     field.types = {field.type};
   } else {
     const auto type = schema.find("type");
-    faults.push_back({.at = type ? *type : schema,
-                      .expected = "\"object\"",
-                      .found = registry_docs::in_quotes(registry_docs::excerpt(field.type))});
+    faults.push_back(
+        {.at = type ? *type : schema,
+         .expected = "\"object\"",
+         .found = type && type->kind() == Kind::string
+                      ? registry_docs::in_quotes(type->string())
+                      : registry_docs::in_quotes(registry_docs::excerpt(field.type))});
   }
   return field;
 }

@@ -40,15 +40,21 @@ ToolsByName by_name(Catalog& catalog) {
   return tools;
 }
 
-// What the member "tools" adds. That its tools are there is seen to elsewhere.
-void add_extras(const Node& registry, const ToolsByName& tools) {
+// What the member "tools" adds to those of an answer; each of the declared ones is its own
+// entry.
+void add_extras(const Node& registry, Tools which, const ToolsByName& tools) {
   const MaybeNode declared = registry.find("tools");
   if (!declared) return;
   declared->for_each_element([&](const Node& entry) {
-    constexpr std::array<std::string_view, 3> names = {"name", "summary", "extra"};
-    const auto [name, summary, extra] = entry.find_each(names);
-    const auto found = name ? tools.find(name->string()) : tools.end();
-    if (found == tools.end()) return;
+    constexpr std::array<std::string_view, 6> names = {"name", "summary", "extra",
+                                                       "tier", "actions", "params"};
+    if (which == Tools::answered) require_known_members(entry, names);
+    const auto [name, summary, extra, tier, actions, params] = entry.find_each(names);
+    if (!name) entry.refuse_lack("name");
+    const auto found = tools.find(name->string());
+    if (found == tools.end()) {
+      name->refuse("a tool that the server offers", in_quotes(name->string()));
+    }
     if (summary) found->second->summary = summary->string();
     found->second->extra = extra;
   });
@@ -165,10 +171,10 @@ void add_groups(const Node& registry, const ToolsByName& tools, Catalog& catalog
 
 }  // namespace
 
-void arrange(const Node& registry, Catalog& catalog) {
+void arrange(const Node& registry, Tools which, Catalog& catalog) {
   put_in_order(registry, catalog);
   const ToolsByName tools = by_name(catalog);
-  add_extras(registry, tools);
+  add_extras(registry, which, tools);
   add_groups(registry, tools, catalog);
 }
 

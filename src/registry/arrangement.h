@@ -7,10 +7,15 @@
 
 namespace registry {
 
+// Whose tools a catalog holds.
+enum class Tools { declared, answered };
+
 // Puts the tools into the order that the member "order" says, gives them the summaries and the
-// extras of "tools", and makes the groups of "groups" and "group_by". Refuses a group's tool
-// that is not in the catalog, and a tool that no group holds. Borrows from the document.
-void arrange(const json::Node& registry, registry_docs::catalog::Catalog& catalog);
+// extras of "tools", and makes the groups of "groups" and "group_by". Refuses a tool of a
+// group, or of "tools" beside an answer, that is not in the catalog, and a tool that no group
+// holds. Borrows from the document.
+void arrange(const json::Node& registry, Tools tools,
+             registry_docs::catalog::Catalog& catalog);
 
 }  // namespace registry
 

@@ -1,12 +1,14 @@
 #include "registry/catalog.h"
 
 #include <array>
+#include <span>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
 
 #include "json_schema/field_reader.h"
 #include "registry/arrangement.h"
+#include "registry/faults.h"
 #include "registry_docs/catalog/entries.h"
 #include "registry_docs/catalog/literals.h"
 #include "registry_docs/text.h"
@@ -80,8 +82,10 @@ void read_tools(const Node& list, Catalog& catalog, std::vector<Fault>& faults) 
       entry.at("name").refuse("a name that no other tool has",
                               registry_docs::in_quotes(tool.name) + " again");
     }
+    const std::size_t known = faults.size();
     read_input(entry, tool, faults);
     read_output(entry, tool, faults);
+    name_tool(tool.name, std::span(faults).subspan(known));
     for (Field& field : tool.parameters)
       registry_docs::catalog::add_literals(field, catalog.texts);
     for (Field& field : tool.output)
@@ -98,7 +102,8 @@ Catalog catalog_of(const Node& registry, const MaybeNode& answer, std::vector<Fa
   catalog.prompts = registry_docs::catalog::prompts_of(source);
   catalog.resources = registry_docs::catalog::resources_of(source);
   catalog.templates = registry_docs::catalog::templates_of(source);
-  arrange(registry, catalog);
+  if (registry.kind() == Kind::object)
+    arrange(registry, answer ? Tools::answered : Tools::declared, catalog);
   registry_docs::catalog::note_any(catalog);
   registry_docs::catalog::add_anchors(catalog);
   return catalog;

@@ -29,12 +29,6 @@ std::string standard_input() {
   return bytes;
 }
 
-// Only a file that was named may be a pipe: the one in a repository is not waited on.
-std::string named_file(const std::string& name) {
-  if (name == "-") return standard_input();
-  return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
-}
-
 bool is_there(const std::filesystem::path& path) { return ::access(path.c_str(), F_OK) == 0; }
 
 std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
@@ -44,28 +38,19 @@ std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
 
 }  // namespace
 
+// Only a file that was named may be a pipe: the one in a repository is not waited on.
+std::string named_file(const std::string& name) {
+  if (name == "-") return standard_input();
+  return registry_docs::read_bytes(name, registry_docs::FileKind::regular_or_pipe);
+}
+
 std::shared_ptr<Document> registry_document(const std::filesystem::path& root,
-                                            const Sources& sources) {
-  if (sources.registry) {
-    return std::make_shared<Document>(*sources.registry, named_file(*sources.registry));
-  }
+                                            const std::optional<std::string>& registry) {
+  if (registry) return std::make_shared<Document>(*registry, named_file(*registry));
   const std::filesystem::path first = root / tesmo_sorvet::registry_path;
   if (is_there(first)) return repository_file(first);
   const std::filesystem::path other = root / registry_path;
   return repository_file(is_there(other) ? other : first);
-}
-
-std::shared_ptr<Document> answer_document(const Document& document, const Sources& sources) {
-  const json::Node registry(document);
-  const std::optional<Server> declared = server(registry);
-  if (!sources.tools && !declared) return nullptr;
-  if (!sources.tools && !sources.ask) {
-    registry.at("server").refuse("a saved answer beside it", "none");
-  }
-  std::string name = sources.tools ? *sources.tools : "the answer of " + declared->command;
-  std::string json = sources.tools ? named_file(*sources.tools) : sources.ask(*declared);
-  if (sources.keep) sources.keep(json);
-  return std::make_shared<Document>(std::move(name), std::move(json));
 }
 
 std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory) {

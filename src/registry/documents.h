@@ -3,14 +3,11 @@
 #define REGISTRY_DOCUMENTS_H
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "json/document.h"
-#include "registry/server.h"
 
 namespace registry {
 
@@ -21,29 +18,14 @@ inline constexpr const char* registry_path = "registry-docs.json";
 // The registry document that the directory holds, if it does.
 std::optional<std::filesystem::path> find_registry(const std::filesystem::path& directory);
 
-// Where the documents come from. "-" is standard input.
-struct Sources {
-  std::optional<std::string> registry = {};  // the repository's own when none is given
-  std::optional<std::string> tools = {};     // a saved answer to tools/list
-  // Returns the answer of the server that the registry declares, as JSON. Called when there is
-  // such a server and no saved answer. What it throws passes on.
-  std::function<std::string(const Server&)> ask = {};
-  // Sees the answer, if one is taken, before anything is made of it.
-  std::function<void(std::string_view json)> keep = {};
-  bool needs_model = false;  // though no block is made of it
-};
-
-struct Documents {
-  std::shared_ptr<json::Document> registry;
-  std::shared_ptr<json::Document> answer;  // null: the registry declares the tools itself
-};
-
-// All throw InputError, FileError or DecodeError; the message begins with the document's name,
+// The registry document: the repository's own, or the one of that name. "-" is standard input.
+// Throws InputError, FileError or DecodeError; the message begins with the document's name,
 // the registry's as it is given here.
 std::shared_ptr<json::Document> registry_document(const std::filesystem::path& root,
-                                                  const Sources& sources);
-std::shared_ptr<json::Document> answer_document(const json::Document& document,
-                                                const Sources& sources);
+                                                  const std::optional<std::string>& registry);
+
+// What a file that was named, which may be a pipe, or standard input holds. Throws FileError.
+std::string named_file(const std::string& name);
 
 }  // namespace registry
 

@@ -61,14 +61,6 @@ fs::path real_path(const json::Node& declared, const fs::path& root) {
   return path;
 }
 
-std::string path_of(const json::Node& declared) {
-  if (!is_relative(declared.string())) {
-    declared.refuse("a path within the repository, as in \"docs/tools.md\"",
-                    registry_docs::in_quotes(registry_docs::visible(declared.string())));
-  }
-  return std::string(declared.string());
-}
-
 bool is_layout(std::string_view name) {
   const auto layouts = registry_docs::layouts::builtin_layouts();
   return std::ranges::find(layouts, name, &registry_docs::layouts::BuiltinText::name) !=
@@ -94,7 +86,47 @@ Block named_block(const json::Node& declared, const Names& choices) {
     declared.refuse("one of the blocks " + text::join(names, ", "),
                     registry_docs::in_quotes(name));
   }
-  return {.name = std::string(name), .layout = std::string(layout)};
+  return {.name = std::string(name), .server = {}, .layout = std::string(layout)};
+}
+
+// The server whose name and a colon the name of a block begins with; empty if there is none.
+std::string_view server_of(std::string_view name, const std::vector<std::string>& servers) {
+  for (const std::string& server : servers) {
+    if (name.starts_with(server) && name.substr(server.size()).starts_with(':')) return server;
+  }
+  return {};
+}
+
+std::string_view required_server(const json::Node& declared,
+                                 const std::vector<std::string>& servers) {
+  const std::string_view server = server_of(declared.string(), servers);
+  if (server.empty()) {
+    declared.refuse("a block of one of the servers " + text::join(servers, ", ") + ", as in " +
+                        registry_docs::in_quotes(servers.front() + ":tools"),
+                    registry_docs::in_quotes(declared.string()));
+  }
+  return server;
+}
+
+// The layout of a block of one among several servers.
+std::string_view layout_of(const Block& block) {
+  const std::size_t before = block.server.empty() ? 0 : block.server.size() + 1;
+  return layout_of(std::string_view(block.name).substr(before));
+}
+
+Block named_block_of_server(const json::Node& declared,
+                            const std::vector<std::string>& servers) {
+  Block block{.name = std::string(declared.string()),
+              .server = std::string(required_server(declared, servers))};
+  block.layout = layout_of(block);
+  if (block.layout.empty()) {
+    declared.refuse("one of the layouts " +
+                        text::join(registry_docs::layouts::builtin_layouts(), ", ",
+                                   &registry_docs::layouts::BuiltinText::name) +
+                        " behind the server's name",
+                    registry_docs::in_quotes(block.name));
+  }
+  return block;
 }
 
 std::string block_name(const json::Node& declared) {
@@ -118,15 +150,16 @@ std::size_t heading_of(const json::Node& declared) {
   return static_cast<std::size_t>(*held);
 }
 
-Block described_block(const json::Node& declared) {
+Block described_block(const json::Node& declared, const std::vector<std::string>& servers) {
   constexpr std::array<std::string_view, 3> names = {"name", "layout", "heading"};
   require_known_members(declared, names);
   const auto [name, layout, heading] = declared.find_each(names);
   if (!name) declared.refuse_lack("name");
   Block block{.name = block_name(*name)};
+  if (!servers.empty()) block.server = required_server(*name, servers);
   if (heading) block.heading = heading_of(*heading);
   if (!layout) {
-    block.layout = layout_of(block.name);
+    block.layout = layout_of(block);
     if (block.layout.empty()) declared.refuse_lack("layout");
     return block;
   }
@@ -140,11 +173,18 @@ Block described_block(const json::Node& declared) {
   return block;
 }
 
-std::vector<Block> blocks_of(const json::Node& declared, const Names& choices) {
+Block block_of(const json::Node& declared, const Names& choices,
+               const std::vector<std::string>& servers) {
+  if (declared.kind() == json::Kind::object) return described_block(declared, servers);
+  return servers.empty() ? named_block(declared, choices)
+                         : named_block_of_server(declared, servers);
+}
+
+std::vector<Block> blocks_of(const json::Node& declared, const Names& choices,
+                             const std::vector<std::string>& servers) {
   std::vector<Block> blocks;
   declared.for_each_element([&](const json::Node& each) {
-    blocks.push_back(each.kind() == json::Kind::object ? described_block(each)
-                                                       : named_block(each, choices));
+    blocks.push_back(block_of(each, choices, servers));
     const auto first = std::ranges::find(blocks, blocks.back().name, &Block::name);
     if (std::next(first) != blocks.end()) {
       each.refuse("distinct blocks", registry_docs::in_quotes(first->name) + " again");
@@ -162,17 +202,28 @@ Encoding encoding_of(const json::Node& declared) {
                   registry_docs::in_quotes(declared.string()));
 }
 
-File file_of(const json::Node& declared, const Names& choices) {
-  File file{.path = path_of(declared.at("path")),
-            .blocks = blocks_of(declared.at("blocks"), choices)};
+File file_of(const json::Node& declared, const Names& choices,
+             const std::vector<std::string>& servers) {
+  constexpr std::array<std::string_view, 3> names = {"path", "blocks", "encode"};
+  require_known_members(declared, names);
+  File file{.path = path_in_repository(declared.at("path")),
+            .blocks = blocks_of(declared.at("blocks"), choices, servers)};
   if (const auto encode = declared.find("encode")) file.encoding = encoding_of(*encode);
   return file;
 }
 
 }  // namespace
 
+std::string path_in_repository(const json::Node& declared) {
+  if (!is_relative(declared.string())) {
+    declared.refuse("a path within the repository, as in \"docs/tools.md\"",
+                    registry_docs::in_quotes(registry_docs::visible(declared.string())));
+  }
+  return std::string(declared.string());
+}
+
 std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,
-                        const fs::path& root) {
+                        const std::vector<std::string>& servers, const fs::path& root) {
   const auto declared = registry.find("files");
   if (!declared) {
     registry.refuse_lack("files", "nothing; name the files that hold lists, as in " +
@@ -182,7 +233,7 @@ std::vector<File> files(const json::Node& registry, const registry_docs::Product
   std::vector<File> found;
   std::set<fs::path> places;
   declared->for_each_element([&](const json::Node& file) {
-    found.push_back(file_of(file, names));
+    found.push_back(file_of(file, names, servers));
     const json::Node path = file.at("path");
     if (!places.insert(real_path(path, root)).second) {
       path.refuse("distinct files", registry_docs::in_quotes(path.string()) + " again");

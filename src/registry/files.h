@@ -15,6 +15,7 @@ namespace registry {
 // A block, and how it is made. A name that ends with ":*" stands for a block for each tool.
 struct Block {
   std::string name;
+  std::string server = {};  // the name of one among several
   // The name of a layout that comes with the program, or the path of a template within the
   // repository; empty for a block that the first host has as well.
   std::string layout = {};
@@ -30,8 +31,15 @@ struct File {
 // From the registry's member "files", which must be there. The blocks of a command line are on
 // offer only when the product has one. Refuses a path that leads out of `root`, by itself or
 // through a link, and a file that is declared twice under whatever name.
+//
+// Where there are several servers, named so, the name of a block begins with one of theirs and
+// a colon, and its layout is that of the rest: "notes:tools".
 std::vector<File> files(const json::Node& registry, const registry_docs::Product& product,
+                        const std::vector<std::string>& servers,
                         const std::filesystem::path& root);
+
+// A path within the repository, "/"-separated. Refuses any other text.
+std::string path_in_repository(const json::Node& declared);
 
 }  // namespace registry
 

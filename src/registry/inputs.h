@@ -7,15 +7,17 @@
 #include <string_view>
 
 #include "json/node.h"
+#include "json_schema/fault.h"
 #include "tesmo_sorvet/inputs.h"
 
 namespace registry {
 
-// From an input schema, whose every word is put into those of the parameter tables. A refusal
-// names the tool. Borrows from the document, and from `texts`, which the texts that no
-// document holds join.
-tesmo_sorvet::Inputs described_inputs(const json::Node& declared, std::string_view tool,
-                                      std::deque<std::string>& texts);
+// From an input schema, whose every word is put into those of the parameter tables. What
+// cannot be read is "any", and joins the faults. Borrows from the document, and from `texts`,
+// which the texts that no document holds join.
+tesmo_sorvet::Inputs described_inputs(const json::Node& declared,
+                                      std::deque<std::string>& texts,
+                                      std::vector<json_schema::Fault>& faults);
 
 }  // namespace registry
 

@@ -1,9 +1,11 @@
 #include "registry/layout_blocks.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "json/node.h"
 #include "registry/catalog.h"
+#include "registry/faults.h"
 #include "registry_docs/catalog/model.h"
 
 namespace registry {
@@ -14,13 +16,20 @@ using json::Node;
 using registry_docs::catalog::Model;
 using registry_docs::catalog::Tool;
 
-std::string file_of_reference(const std::vector<File>& files) {
-  for (const File& file : files) {
+std::string file_of_reference(const Repository& repository, const Source& source) {
+  for (const File& file : repository.files) {
     for (const Block& block : file.blocks) {
-      if (block.layout == "reference") return file.path;
+      if (block.layout == "reference" && block.server == source.name) return file.path;
     }
   }
   return {};
+}
+
+bool shows_tools(const registry_docs::layouts::Template& layout) {
+  const auto& names = layout.program().names;
+  return std::ranges::any_of(names, [](std::string_view name) {
+    return name == "tools" || name == "tool" || name == "groups";
+  });
 }
 
 // The path of a link from one file of the repository to another, or to the same.
@@ -33,27 +42,32 @@ std::optional<std::string> link_between(const std::string& from, const std::stri
 
 }  // namespace
 
-LayoutBlocks::LayoutBlocks(std::filesystem::path root, Documents documents,
-                           const std::vector<File>& files)
-    : documents_(std::move(documents)),
-      catalog_(catalog_of(
-          Node(*documents_.registry),
-          documents_.answer ? MaybeNode(Node(*documents_.answer)) : std::nullopt, faults_)),
-      reference_(file_of_reference(files)),
-      layouts_(std::move(root)) {}
+LayoutBlocks::LayoutBlocks(const Repository& repository, const Source& source,
+                           std::shared_ptr<json::Document> answer)
+    : name_(source.name),
+      registry_(repository.registry),
+      answer_(std::move(answer)),
+      catalog_(catalog_of(source.declared, answer_ ? MaybeNode(Node(*answer_)) : std::nullopt,
+                          faults_)),
+      reference_(file_of_reference(repository, source)),
+      layouts_(repository.root) {}
 
-std::vector<std::string> LayoutBlocks::warnings() const {
-  std::vector<std::string> lines;
-  for (const json_schema::Fault& fault : faults_) {
-    lines.push_back(fault.at.refusal(fault.expected, fault.found));
-  }
-  return lines;
+std::vector<std::string> LayoutBlocks::warnings() const { return warnings_of(faults_); }
+
+// An answer without tools is more often a server that lacks something than one that offers
+// none, and would empty the list.
+void LayoutBlocks::require_tools(const registry_docs::layouts::Template& layout,
+                                 const std::string& path) const {
+  if (!answer_ || !catalog_.tools.empty() || !shows_tools(layout)) return;
+  Node(*answer_).at("tools").refuse("at least one tool, since " + path + " lists them",
+                                    "none");
 }
 
 void LayoutBlocks::add_block(
     const Block& block, const std::string& path,
     std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks) {
   const auto& layout = layouts_.get(block.layout);
+  require_tools(layout, path);
   Model::Block shown{.name = block.name,
                      .heading = block.heading,
                      .reference = link_between(path, reference_)};

@@ -2,15 +2,15 @@
 #ifndef REGISTRY_LAYOUT_BLOCKS_H
 #define REGISTRY_LAYOUT_BLOCKS_H
 
-#include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "json_schema/fault.h"
-#include "registry/documents.h"
 #include "registry/files.h"
 #include "registry/layouts.h"
+#include "registry/repository.h"
 #include "registry_docs/catalog/catalog.h"
 #include "registry_docs/registry_docs.h"
 
@@ -18,10 +18,10 @@ namespace registry {
 
 class LayoutBlocks {
  public:
-  // Makes the catalog of the documents, which it keeps. `files` says where the reference
-  // stands that other blocks lead to. Throws InputError.
-  LayoutBlocks(std::filesystem::path root, Documents documents,
-               const std::vector<File>& files);
+  // Makes the catalog of the answer, or without one of what the source declares. Keeps both
+  // documents, and borrows neither the repository nor the source. Throws InputError.
+  LayoutBlocks(const Repository& repository, const Source& source,
+               std::shared_ptr<json::Document> answer);
   LayoutBlocks(const LayoutBlocks&) = delete;
   LayoutBlocks& operator=(const LayoutBlocks&) = delete;
   ~LayoutBlocks() = default;
@@ -29,16 +29,24 @@ class LayoutBlocks {
   // What of the server's schemas could not be read, a line each.
   [[nodiscard]] std::vector<std::string> warnings() const;
 
+  // The source's name.
+  [[nodiscard]] const std::string& name() const { return name_; }
+
   [[nodiscard]] const registry_docs::catalog::Catalog& catalog() const { return catalog_; }
 
   // Adds the block of the file at `path`, or the blocks that its name stands for. Their
-  // renderers borrow this. Throws InputError for a template that is none, FileError for one
-  // that cannot be read.
+  // renderers borrow this. Throws InputError for a template that is none, and for one of tools
+  // where the server answered none; FileError for a template that cannot be read.
   void add_block(const Block& block, const std::string& path,
                  std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks);
 
  private:
-  Documents documents_;
+  void require_tools(const registry_docs::layouts::Template& layout,
+                     const std::string& path) const;
+
+  std::string name_;
+  std::shared_ptr<json::Document> registry_;
+  std::shared_ptr<json::Document> answer_;
   std::vector<json_schema::Fault> faults_;
   registry_docs::catalog::Catalog catalog_;
   std::string reference_;  // the file of the reference; empty without one

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "registry/members.h"
 #include "registry_docs/text.h"
 
 namespace registry {
@@ -36,6 +37,7 @@ registry_docs::Product product(const json::Node& registry) {
   const auto declared = registry.find("product");
   if (!declared) return product;
   constexpr std::array<std::string_view, 3> names = {"name", "purpose", "command"};
+  require_known_members(*declared, names);
   const auto [name, purpose, command] = declared->find_each(names);
   if (name) product.name = phrase(*name);
   if (purpose) product.purpose = phrase(*purpose);

@@ -1,10 +1,12 @@
 #include "registry/tools.h"
 
 #include <array>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "registry/faults.h"
 #include "registry/inputs.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/text.h"
@@ -14,6 +16,7 @@ namespace {
 
 using json::Kind;
 using json::Node;
+using json_schema::Fault;
 using registry_docs::in_quotes;
 using registry_docs::ParamSpec;
 using registry_docs::Text;
@@ -44,24 +47,23 @@ void refuse_markers(const Node& declared) {
   }
 }
 
-// In a server's answer no part of the input schema's beginning may be left out.
-void require_input_schema(const Node& declared, const json::MaybeNode& input_schema,
-                          std::string_view tool) {
-  const std::string found = "nothing in the tool " + in_quotes(tool);
-  if (!input_schema) declared.refuse_lack("inputSchema", found);
-  if (!input_schema->find("type")) input_schema->refuse_lack("type", found);
-}
-
 // All of a tool but its name.
 void read_tool(const Node& declared, const ToolMembers& members, const Tiers& tiers,
-               std::deque<std::string>& texts, Tool& tool) {
+               std::deque<std::string>& texts, std::vector<Fault>& faults, Tool& tool) {
   refuse_markers(declared);
   read_spec(members, tiers, tool.spec);
+  const std::size_t known = faults.size();
   const auto read = [&](const Node& schema) {
-    return described_inputs(schema, tool.spec.name, texts);
+    return described_inputs(schema, texts, faults);
   };
   take_inputs(members, tesmo_sorvet::inputs_of(members.params, members.input_schema, read),
               tool);
+  name_tool(tool.spec.name, std::span(faults).subspan(known));
+}
+
+// A server that answers no text as a description has none.
+void leave_out_no_text(json::MaybeNode& member) {
+  if (member && member->kind() != Kind::string) member.reset();
 }
 
 using Params = std::unordered_map<std::string_view, ParamSpec*>;
@@ -97,23 +99,23 @@ void add_to_tool(const Node& declared, const Tiers& tiers, ToolSpec& tool) {
 
 }  // namespace
 
-Tools declared_tools(const Node& registry, const Tiers& tiers) {
+Tools declared_tools(const Node& registry, const Tiers& tiers, std::vector<Fault>& faults) {
   return tesmo_sorvet::read_tools(
       registry, [&](const Node& declared, std::deque<std::string>& texts, Tool& tool) {
         const ToolMembers members(declared);
         tool.spec.name = Text::borrowed(name_of(declared, members.name));
-        read_tool(declared, members, tiers, texts, tool);
+        read_tool(declared, members, tiers, texts, faults, tool);
       });
 }
 
-Tools answered_tools(const Node& answer, const Tiers& tiers) {
+Tools answered_tools(const Node& answer, const Tiers& tiers, std::vector<Fault>& faults) {
   return tesmo_sorvet::read_tools(
       answer, [&](const Node& declared, std::deque<std::string>& texts, Tool& tool) {
         ToolMembers members(declared);
         tool.spec.name = Text::borrowed(name_of(declared, members.name));
-        require_input_schema(declared, members.input_schema, tool.spec.name);
         members.tier = members.summary = members.actions = members.params = std::nullopt;
-        read_tool(declared, members, tiers, texts, tool);
+        leave_out_no_text(members.description);
+        read_tool(declared, members, tiers, texts, faults, tool);
       });
 }
 

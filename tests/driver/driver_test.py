@@ -135,7 +135,7 @@ class Driver(ExampleTest):
         message = ("\\x1b]0;x\\x07\\u202e.json:1:28: expected each member once, "
                    'found "a\\n\\x7f\\x9b" a second time\n')
         self.expect(2, "", message, self.root, "--check", "--registry", name)
-        self.expect(2, "", "'\\xff\\x0d': expected an option, see --help\n", "/", b"\xff\r")
+        self.expect(2, "", "'\\xff\\x0d': expected an option or a directory, see --help\n", "/", b"\xff\r")
 
     def test_what_is_read_only(self):
         self.renew(STALE_CONFIG, STALE)

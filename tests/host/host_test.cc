@@ -139,23 +139,26 @@ TEST(Host, OfARegistryCopiesNoTextOfATool) {
   const support::TemporaryDirectory directory;
   const std::string general = directory.path() / "general.json";
   const std::string added = directory.path() / "added.json";
-  const std::string answer = directory.path() / "answer.json";
   support::write_file(general,
                       R"({"files": [{"path": "README.md", "blocks": ["readme-tools"]}],)" +
                           support::read_file(first).substr(1));
   support::write_file(added, R"({"files": [{"path": "README.md", "blocks":
       ["readme-tools"]}], "tools": [{"name": "t", "tier": "core", "summary": "s", "actions": ["a"], "params": [{"name": "p", "applies_to": ["a"],
       "action_defaults": {"a": 1}}]}]})");
-  support::write_file(answer, R"({"tools": [{"name": "t", "description": "d", "inputSchema":
+  constexpr std::string_view answer =
+      R"({"tools": [{"name": "t", "description": "d", "inputSchema":
       {"type": "object", "required": ["p"], "properties": {"p": {"type": ["string", "integer"]},
        "action": {"enum": ["a", "b"]}, "l": {"type": "array", "items": {"type": "string"}}}}},
       {"name": "u", "inputSchema": {"type": "object", "properties": {"action":
-       {"enum": ["a", "b"]}}}}]})");
-  for (const registry::Sources& sources : {registry::Sources{.registry = first},
-                                           {.registry = general},
-                                           {.registry = added, .tools = answer}}) {
-    SCOPED_TRACE(*sources.registry);
-    const Host host = *registry::bind(root, sources).host;
+       {"enum": ["a", "b"]}}}}]})";
+  for (const std::string& file : {first, general, added}) {
+    SCOPED_TRACE(file);
+    const bool has_answer = file == added;
+    std::vector<std::optional<registry::Answer>> answers;
+    if (has_answer) answers.push_back({{.name = "answer", .json = std::string(answer)}});
+    const auto repository =
+        registry::open_repository(root, {.registry = file, .has_answer = has_answer});
+    const Host host = *registry::bind(repository, std::move(answers)).host;
     for (const auto& tool : host.TOOLS) {
       SCOPED_TRACE(std::string(tool->name));
       expect_borrowed(*tool);

@@ -35,7 +35,8 @@ std::string model_of(const std::string& answer) {
   std::vector<json_schema::Fault> faults;
   const auto catalog = catalog_of(json::Node(nothing), json::Node(document), faults);
   const registry_docs::catalog::Model model(catalog, {});
-  return gen_registry_docs::formats::model_json(model.view());
+  const gen_registry_docs::formats::NamedModel named{.name = "", .view = model.view()};
+  return gen_registry_docs::formats::model_json({&named, 1});
 }
 
 TEST(Snapshot, HasTheModelOfTheAnswer) {

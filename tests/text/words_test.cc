@@ -52,7 +52,7 @@ TEST(FirstSentence, EndsWhereAReaderWouldStop) {
                                   {"Runs `a. b` now. More.", "Runs `a. b` now."},
                                   {"Really? Yes!", "Really?"},
                                   {"# Title\n\nText.", "Text."},
-           {"# Title", "Title"},
+                                  {"# Title", "Title"},
                                   {"- first. Second", "first."},
                                   {"読みます。次です。", "読みます。"},
                                   {"No stop at all", "No stop at all"}}) {

@@ -31,6 +31,11 @@ std::string write_command(const Options& options, std::string_view program) {
   if (options.root) command += " --root " + shell_word(*options.root);
   if (options.registry) command += " --registry " + shell_word(*options.registry);
   if (options.tools) command += " --tools " + shell_word(*options.tools);
+  if (options.offline) command += " --offline";
+  if (options.recursive) command += " --recursive";
+  for (const std::string& directory : options.directories) {
+    command += " " + shell_word(directory);
+  }
   return command;
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "gen_registry_docs/formats/changes.h"
 #include "registry_docs/text.h"
 
 namespace gen_registry_docs::formats {
@@ -79,18 +80,37 @@ Place place_of(const std::string& message) {
   return {path, line};
 }
 
+// The directory that holds the files, seen from the top.
+fs::path seen_from(const fs::path& top, const fs::path& root) {
+  std::error_code failure;
+  const fs::path near = fs::proximate(root.empty() ? "." : root, top, failure);
+  return failure ? root : near;
+}
+
 }  // namespace
 
 std::string github_report(std::span<const FileReport> files,
                           std::span<const advice::Steps> steps, const fs::path& root,
                           const fs::path& top) {
-  std::error_code failure;
-  const fs::path near = fs::proximate(root, top, failure);
-  const fs::path& seen_root = failure ? root : near;
+  const fs::path seen_root = seen_from(top, root);
   std::string commands;
   for (std::size_t i = 0; i < files.size(); ++i) {
     if (files[i].state == FileState::current) continue;
     commands += annotation(files[i], steps[i], seen_root);
+  }
+  return commands;
+}
+
+std::string github_changes(std::span<const registry::ServerChange> changes,
+                           const fs::path& root, const fs::path& top) {
+  std::string commands;
+  for (const registry::ServerChange& each : changes) {
+    const bool is_breaking = each.change.verdict == registry_docs::changes::Verdict::breaking;
+    const fs::path path = (seen_from(top, root) / each.path).lexically_normal();
+    commands += std::string(is_breaking ? "::error" : "::notice") +
+                " file=" + escaped_property(path.string()) +
+                ",line=1,title=" + std::string(verdict_name(each.change.verdict)) +
+                "::" + escaped_data(told(each)) + "\n";
   }
   return commands;
 }

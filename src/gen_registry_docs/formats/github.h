@@ -7,6 +7,7 @@
 #include <string>
 
 #include "gen_registry_docs/advice/advice.h"
+#include "registry/host.h"
 #include "registry_docs/report.h"
 
 namespace gen_registry_docs::formats {
@@ -18,6 +19,12 @@ namespace gen_registry_docs::formats {
 std::string github_report(std::span<const registry_docs::FileReport> files,
                           std::span<const advice::Steps> steps,
                           const std::filesystem::path& root, const std::filesystem::path& top);
+
+// One annotation for each change of a server, at its snapshot: an error for one that breaks
+// something, a notice for any other.
+std::string github_changes(std::span<const registry::ServerChange> changes,
+                           const std::filesystem::path& root,
+                           const std::filesystem::path& top);
 
 // The annotation of a check that could not do its work, at the file that the message begins
 // with, if it does.

@@ -3,10 +3,12 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
+#include "gen_registry_docs/formats/changes.h"
 #include "gen_registry_docs/formats/state_name.h"
 #include "registry_docs/text.h"
 
@@ -72,6 +74,33 @@ void put_file(Json& json, const FileReport& file) {
             [](const BlockReport&, std::size_t time) { return time == 2; });
 }
 
+void put_changes(Json& json, std::span<const registry::ServerChange> changes) {
+  put(json, "changes");
+  json.StartArray();
+  for (const auto& [path, server, change] : changes) {
+    json.StartObject();
+    put_member(json, "path", path);
+    if (!server.empty()) put_member(json, "server", server);
+    put_member(json, "verdict", verdict_name(change.verdict));
+    put_member(json, "place", change.place);
+    put_member(json, "what", change.what);
+    json.EndObject();
+  }
+  json.EndArray();
+}
+
+// A text of several lines, each safe for a terminal.
+std::string safe_lines(std::string_view text) {
+  std::string safe;
+  for (;;) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    safe += registry_docs::visible(text.substr(0, end));
+    if (end == text.size()) return safe;
+    safe += '\n';
+    text.remove_prefix(end + 1);
+  }
+}
+
 template <typename WriteMembers>
 std::string document(WriteMembers write_members) {
   rapidjson::StringBuffer text;
@@ -87,8 +116,9 @@ std::string document(WriteMembers write_members) {
 
 }  // namespace
 
-std::string json_report(std::span<const FileReport> files,
-                        std::span<const std::string> diffs) {
+std::string json_report(std::span<const FileReport> files, std::span<const std::string> diffs,
+                        std::span<const registry::ServerChange> changes,
+                        const std::string& error) {
   return document([&](Json& json) {
     put(json, "files");
     json.StartArray();
@@ -99,6 +129,8 @@ std::string json_report(std::span<const FileReport> files,
       json.EndObject();
     }
     json.EndArray();
+    if (!changes.empty()) put_changes(json, changes);
+    if (!error.empty()) put_member(json, "error", safe_lines(error));
   });
 }
 

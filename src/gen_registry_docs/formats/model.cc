@@ -71,11 +71,18 @@ void put(Json& json, View view) {
 
 }  // namespace
 
-std::string model_json(View view) {
+std::string model_json(std::span<const NamedModel> models) {
   rapidjson::StringBuffer text;
   Json json(text);
   json.SetIndent(' ', 2);
-  put(json, view);
+  const bool is_one = models.size() == 1 && models.front().name.empty();
+  if (is_one) {
+    put(json, models.front().view);
+  } else {
+    json.StartObject();
+    for (const auto& [name, view] : models) put_member(json, name, view);
+    json.EndObject();
+  }
   return std::string(text.GetString(), text.GetSize()) + "\n";
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -142,6 +143,49 @@ std::string stale_line(const FileReport& report) {
   return report.path + ": blocks out of date: " + text::join(stale, ", ");
 }
 
+bool is_absent(const std::filesystem::path& path) {
+  std::error_code failure;
+  return std::filesystem::symlink_status(path, failure).type() ==
+         std::filesystem::file_type::not_found;
+}
+
+// The blocks that something is known of.
+Matches matches_in(std::string_view text, const GeneratedFile& generated) {
+  Matches matches = blocks::scan(text);
+  if (generated.left_out.empty()) return matches;
+  std::erase_if(matches, [&](const blocks::Block& match) {
+    return std::ranges::any_of(generated.left_out, [&](const std::string& beginning) {
+      return match.name.starts_with(beginning);
+    });
+  });
+  return matches;
+}
+
+// A file that has parts, and no blocks.
+FileReport report_of_parts(const GeneratedFile& generated, FileReport& report) {
+  LineCounter lines(report.text);
+  std::vector<std::string_view> stale;
+  for (Part& part : generated.parts(report.text)) {
+    BlockReport& block = report.blocks.emplace_back();
+    block = {.name = std::move(part.name), .begin = part.begin, .end = part.end};
+    block.line = lines.line_of(report.text.data() + part.begin);
+    block.last_line = lines.line_of(report.text.data() + part.end);
+    const bool is_current =
+        std::string_view(report.text).substr(part.begin, part.end - part.begin) == part.text;
+    if (is_current && !report.is_new) continue;
+    block.state = BlockState::stale;
+    block.rendered = std::move(part.text);
+  }
+  for (const BlockReport& block : report.blocks) {
+    report.declared.push_back(block.name);
+    if (block.state == BlockState::stale) stale.push_back(block.name);
+  }
+  if (stale.empty()) return std::move(report);
+  report.state = FileState::stale;
+  report.problem = report.path + ": out of date: " + text::join(stale, ", ");
+  return std::move(report);
+}
+
 }  // namespace
 
 std::vector<BlockReport> blocks_of(std::string_view text) {
@@ -150,8 +194,11 @@ std::vector<BlockReport> blocks_of(std::string_view text) {
 
 FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
                        Detail detail) {
-  FileReport report{.path = generated.path, .text = read_text(root / generated.path)};
-  const Matches matches = blocks::scan(report.text);
+  FileReport report{.path = generated.path};
+  report.is_new = generated.may_be_absent && is_absent(root / generated.path);
+  if (!report.is_new) report.text = read_text(root / generated.path);
+  if (generated.blocks.empty() && generated.parts) return report_of_parts(generated, report);
+  const Matches matches = matches_in(report.text, generated);
   auto renderers = blocks::renderers_of(matches, generated);
   if (!renderers) {
     report.state = FileState::wrong_markers;

@@ -106,7 +106,26 @@ void require_alone(const OpenFile& file, const struct stat& status, std::string_
       "expected " + expected + ", found another: some other program writes it too");
 }
 
+std::error_code write_whole(OpenFile& file, std::string_view text) {
+  std::size_t end = 0;
+  if (const auto failure = write_at(file, text, 0, end)) return failure;
+  if (const auto failure = port::store(file.descriptor)) return failure;
+  return file.descriptor.close();
+}
+
 }  // namespace
+
+void make(const std::filesystem::path& path, std::string_view text) {
+  constexpr mode_t mode = 0666;
+  const SignalsHeld held;
+  OpenFile file{path, port::Descriptor(::open(path.c_str(),
+                                              O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode))};
+  if (!file.descriptor.is_open()) throw FileError(path, last_error());
+  const std::error_code failure = write_whole(file, text);
+  if (!failure) return;
+  ::unlink(path.c_str());
+  throw FileError(path, failure);
+}
 
 void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
              std::string_view text) {

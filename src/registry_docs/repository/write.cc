@@ -23,6 +23,11 @@ std::vector<std::string> write_files(std::span<const FileReport> files,
   for (const FileReport& file : files) {
     const std::filesystem::path path = root / file.path;
     const std::string text = new_text(file);
+    if (file.is_new) {
+      repository::make(path, text);
+      written.push_back(file.path);
+      continue;
+    }
     const std::string old_bytes = repository::read_regular_file(path);
     if (repository::decoded(path, old_bytes) == text) continue;
     repository::rewrite(path, old_bytes, text);
