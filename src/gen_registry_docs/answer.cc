@@ -5,11 +5,13 @@
 #include <rapidjson/stringbuffer.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <system_error>
 
 #include "gen_registry_docs/output.h"
+#include "gen_registry_docs/status_line.h"
 #include "json/document.h"
 #include "json/node.h"
 #include "mcp_client/client.h"
@@ -59,6 +61,39 @@ std::string pretty(const std::string& json) {
   return std::string(text.GetString(), text.GetSize()) + "\n";
 }
 
+// The command and its arguments as the registry spells them, in short.
+std::string label_of(const registry::Server& server) {
+  constexpr std::ptrdiff_t most = 60;  // code points
+  std::string words = server.command;
+  for (const std::string& argument : server.args) words += " " + argument;
+  const std::string all = registry_docs::visible(words);
+  const auto is_start = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+  std::size_t end = 0;
+  for (std::ptrdiff_t count = 0; end < all.size(); ++end) {
+    if (is_start(all[end]) && count++ == most) return all.substr(0, end) + "...";
+  }
+  return all;
+}
+
+// For a person who wonders.
+std::string waiting(const mcp_client::Progress& progress) {
+  constexpr std::size_t most = 2;
+  const auto& awaited = progress.awaited;
+  if (awaited.empty()) return "";
+  if (progress.asked == 1) {
+    return awaited.front().label + ": waiting for the " + awaited.front().answer;
+  }
+  std::string names;
+  for (std::size_t i = 0; i < std::min(most, awaited.size()); ++i) {
+    names += (i == 0 ? "" : ", ") + awaited[i].label;
+  }
+  if (awaited.size() > most)
+    names += " and " + std::to_string(awaited.size() - most) + " more";
+  return "asking " + std::to_string(progress.asked) +
+         " servers: " + std::to_string(progress.answered) + " have answered; waiting for " +
+         names;
+}
+
 bool holds(const fs::path& path, const std::string& text) {
   try {
     return registry_docs::read_bytes(path, registry_docs::FileKind::regular) == text;
@@ -87,16 +122,22 @@ std::error_code write_new(const std::string& path, std::string_view text) {
 }  // namespace
 
 std::string ask(const registry::Server& server, const fs::path& root, const Options& options) {
-  mcp_client::Server asked{server.command, server.args, server.env,
-                           (root / server.cwd.value_or("")).string()};
+  mcp_client::Server asked{.label = label_of(server),
+                           .command = server.command,
+                           .args = server.args,
+                           .env = server.env,
+                           .cwd = (root / server.cwd.value_or("")).string()};
+  if (options.timeout) asked.timeout = *options.timeout;
+  StatusLine status;
   mcp_client::Settings settings;
-  if (options.timeout) settings.timeout = *options.timeout;
-  settings.warn = print_error;
-  const bool is_terminal = ::isatty(STDERR_FILENO) != 0;
-  settings.waiting = [is_terminal](const std::string& what) {
-    if (is_terminal) print_error(what);
+  settings.warn = [&status](const std::string& warning) { status.print_above(warning); };
+  settings.waiting = [&status](const mcp_client::Progress& progress) {
+    status.show(waiting(progress));
   };
-  return mcp_client::list_tools(asked, settings);
+  auto [answer, failure] = mcp_client::ask({&asked, 1}, settings).front();
+  status.clear();
+  if (!failure.empty()) throw ServerError(failure);
+  return answer;
 }
 
 void save(const std::string& json, const fs::path& path) {

@@ -1,8 +1,9 @@
-// A server's answer to tools/list: asking for it, and writing it down.
+// What a server answers: asking for it, and writing it down.
 #ifndef GEN_REGISTRY_DOCS_ANSWER_H
 #define GEN_REGISTRY_DOCS_ANSWER_H
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 #include "gen_registry_docs/options.h"
@@ -10,8 +11,14 @@
 
 namespace gen_registry_docs {
 
+// That a server gave no answer. The message may have several lines.
+class ServerError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 // Asks a live server, from the root unless it names another directory. Warnings, and at a
-// terminal what is being waited for, go to standard error. Throws mcp_client::ServerError.
+// terminal what is being waited for, go to standard error. Throws ServerError.
 std::string ask(const registry::Server& server, const std::filesystem::path& root,
                 const Options& options);
 
