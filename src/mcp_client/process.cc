@@ -139,19 +139,23 @@ void Process::send(std::string text) {
   write->request.data = write.get();
   const uv_buf_t bytes =
       ::uv_buf_init(write->text.data(), static_cast<unsigned>(write->text.size()));
-  const auto written = [](uv_write_t* request, int) {
-    const std::unique_ptr<Write> done(static_cast<Write*>(request->data));
-    Process* const self = owner(request->handle);
-    const bool has_room =
-        ::uv_stream_get_write_queue_size(stream(self->input_)) < most_outgoing;
-    if (!self->is_heard_ && has_room && self->is_running_) self->hear();
+  const auto done = [](uv_write_t* request, int failure) {
+    const std::unique_ptr<Write> ended(static_cast<Write*>(request->data));
+    owner(request->handle)->written(failure);
   };
-  // A server that reads no more may still have something to say.
-  if (::uv_write(&write->request, stream(input_), &bytes, 1, written) != 0) return;
+  if (::uv_write(&write->request, stream(input_), &bytes, 1, done) != 0) return close_input();
   static_cast<void>(write.release());
   if (::uv_stream_get_write_queue_size(stream(input_)) < most_outgoing) return;
   is_heard_ = false;
   ::uv_read_stop(stream(output_));
+}
+
+// A server that reads no more may still have something to say.
+void Process::written(int failure) {
+  if (!is_running_ || failure == UV_ECANCELED) return;
+  if (failure != 0) return close_input();
+  const bool has_room = ::uv_stream_get_write_queue_size(stream(input_)) < most_outgoing;
+  if (!is_heard_ && has_room) hear();
 }
 
 void Process::close_input() {

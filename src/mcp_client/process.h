@@ -47,6 +47,7 @@ class Process {
   void listen(uv_pipe_t& pipe);
   void hear();
   void take(uv_stream_t* from, ssize_t count, const char* bytes);
+  void written(int failure);
   void drain(uv_pipe_t& pipe);
   void exited(const std::string& how);
   void close();
