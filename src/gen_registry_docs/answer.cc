@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <system_error>
 
 #include "gen_registry_docs/output.h"
+#include "gen_registry_docs/status_line.h"
 #include "json/document.h"
 #include "json/node.h"
 #include "json/pretty.h"
@@ -20,6 +22,58 @@ namespace gen_registry_docs {
 namespace {
 
 namespace fs = std::filesystem;
+
+// For a person who wonders.
+std::string waiting(const mcp_client::Progress& progress) {
+  constexpr std::size_t most = 2;
+  const auto& awaited = progress.awaited;
+  if (awaited.empty()) return "";
+  if (progress.asked == 1) {
+    return awaited.front().label + ": waiting for the " + awaited.front().answer;
+  }
+  std::string names;
+  for (std::size_t i = 0; i < std::min(most, awaited.size()); ++i) {
+    names += (i == 0 ? "" : ", ") + awaited[i].label;
+  }
+  if (awaited.size() > most)
+    names += " and " + std::to_string(awaited.size() - most) + " more";
+  return "asking " + std::to_string(progress.asked) +
+         " servers: " + std::to_string(progress.answered) + " have answered; waiting for " +
+         names;
+}
+
+mcp_client::Protocol protocol_of(const registry::Server& server) {
+  switch (server.protocol) {
+    case registry::Protocol::legacy:
+      return mcp_client::Protocol::legacy;
+    case registry::Protocol::modern:
+      return mcp_client::Protocol::modern;
+    case registry::Protocol::any:
+      break;
+  }
+  return mcp_client::Protocol::automatic;
+}
+
+// The time on the command line is for every server.
+mcp_client::Server server_of(const registry::Server& server, const Options& options) {
+  mcp_client::Server asked{.label = server.label,
+                           .command = server.command,
+                           .args = server.args,
+                           .env = server.env,
+                           .cwd = server.cwd,
+                           .protocol = protocol_of(server)};
+  if (server.timeout) asked.timeout = *server.timeout;
+  if (options.timeout) asked.timeout = *options.timeout;
+  return asked;
+}
+
+std::vector<registry::Secret> secrets_of(std::span<const registry::Server> servers) {
+  std::vector<registry::Secret> secrets;
+  for (const registry::Server& server : servers) {
+    secrets.insert(secrets.end(), server.secrets.begin(), server.secrets.end());
+  }
+  return secrets;
+}
 
 bool holds(const fs::path& path, const std::string& text) {
   try {
@@ -49,19 +103,22 @@ std::error_code write_new(const std::string& path, std::string_view text) {
 }  // namespace
 
 std::vector<Asked> ask(std::span<const registry::Server> servers, const Options& options) {
+  const std::vector<registry::Secret> secrets = secrets_of(servers);
+  std::vector<mcp_client::Server> asked;
+  for (const registry::Server& server : servers) asked.push_back(server_of(server, options));
+  StatusLine status;
+  mcp_client::Settings settings{.at_once = options.jobs};
+  settings.warn = [&](const std::string& warning) {
+    if (!options.quiet) status.print_above(registry::without(secrets, warning));
+  };
+  settings.waiting = [&status](const mcp_client::Progress& progress) {
+    status.show(waiting(progress));
+  };
   std::vector<Asked> all;
-  for (const registry::Server& server : servers) {
-    Asked& asked = all.emplace_back();
-    mcp_client::Server started{server.command, server.args, server.env, server.cwd};
-    mcp_client::Settings settings;
-    if (options.timeout) settings.timeout = *options.timeout;
-    settings.warn = print_error;
-    try {
-      asked.answer = mcp_client::list_tools(started, settings);
-    } catch (const mcp_client::ServerError& error) {
-      asked.failure = registry::without(server.secrets, error.what());
-    }
+  for (auto& [answer, failure] : mcp_client::ask(asked, settings)) {
+    all.push_back({std::move(answer), registry::without(secrets, std::move(failure))});
   }
+  status.clear();
   return all;
 }
 

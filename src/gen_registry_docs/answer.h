@@ -1,4 +1,4 @@
-// A server's answer to tools/list: asking for it, and writing it down.
+// What a server answers: asking for it, and writing it down.
 #ifndef GEN_REGISTRY_DOCS_ANSWER_H
 #define GEN_REGISTRY_DOCS_ANSWER_H
 

@@ -5,7 +5,6 @@
 
 #include "gen_registry_docs/output.h"
 #include "gen_registry_docs/run.h"
-#include "mcp_client/server.h"
 
 int main(int argc, char** argv) {
   using gen_registry_docs::print_error;
@@ -17,8 +16,6 @@ int main(int argc, char** argv) {
     return gen_registry_docs::run(options, argv[0]);
   } catch (const std::bad_alloc&) {
     print_error("gen_registry_docs: expected more memory, found none left");
-  } catch (const mcp_client::ServerError& error) {
-    gen_registry_docs::print_error_lines(error.what());
   } catch (const std::exception& error) {
     print_error(error.what());
   }

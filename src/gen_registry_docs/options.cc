@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdint>
+#include <cmath>
 #include <filesystem>
 #include <string_view>
 #include <vector>
@@ -153,7 +153,8 @@ std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string
   if (failure != std::errc() || rest != end || !(number > 0 && number <= most)) {
     throw UsageError("--timeout: expected a number of seconds, found " + shown(*given));
   }
-  return std::chrono::milliseconds(static_cast<std::int64_t>(number * 1000) + 1);
+  constexpr double second = std::chrono::milliseconds::period::den;
+  return std::chrono::milliseconds(std::max(std::llround(number * second), 1LL));
 }
 
 // An option is never taken for one.

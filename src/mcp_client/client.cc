@@ -1,92 +1,130 @@
 #include "mcp_client/client.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
-#include <array>
-#include <set>
-#include <string_view>
+#include <deque>
+#include <optional>
 #include <utility>
 
-#include "mcp_client/conversation.h"
-#include "mcp_client/message.h"
-#include "registry_docs/text.h"
+#include "mcp_client/exchange.h"
+#include "mcp_client/loop.h"
+#include "mcp_client/signals.h"
+#include "port/descriptor.h"
 
 namespace mcp_client {
 namespace {
 
-using json::MaybeNode;
-using registry_docs::visible_in_quotes;
+// From then on a person wonders.
+constexpr std::chrono::milliseconds short_wait{1000};
 
-constexpr const char* list_method = "tools/list";
-
-void greet(Conversation& conversation) {
-  conversation.request("initialize",
-                       R"({"protocolVersion":"2025-11-25","capabilities":{},"clientInfo":)"
-                       R"({"name":"gen_registry_docs","version":")" REGISTRY_DOCS_VERSION
-                       R"("}})");
-  conversation.notify("notifications/initialized");
-}
-
-// The bytes between the brackets, without the white space around them.
-std::string_view elements_of(const MaybeNode& tools, Conversation& conversation) {
-  if (!tools || tools->kind() != json::Kind::array) {
-    conversation.fail(std::string("an array of tools in the answer to ") + list_method,
-                      tools ? visible_in_quotes(tools->spelling()) : "none");
-  }
-  constexpr std::string_view around = " \t\r\n";
-  std::string_view elements = tools->spelling();
-  elements = elements.substr(1, elements.size() - 2);
-  elements.remove_prefix(std::min(elements.find_first_not_of(around), elements.size()));
-  return elements.substr(0, elements.find_last_not_of(around) + 1);
-}
-
-// Where the next page begins, as JSON; empty behind the last one.
-std::string cursor_in(const MaybeNode& next_cursor, std::set<std::string>& seen,
-                      Conversation& conversation) {
-  if (!next_cursor) return {};
-  std::string cursor(next_cursor->spelling());
-  const std::string place = std::string("nextCursor in the answer to ") + list_method;
-  if (next_cursor->kind() != json::Kind::string) {
-    conversation.fail("a string as " + place, visible_in_quotes(cursor));
-  }
-  if (!seen.insert(cursor).second) {
-    conversation.fail("another " + place, visible_in_quotes(cursor) + " again");
-  }
-  return cursor;
-}
-
-void append(std::string& all, std::string elements) {
-  if (all.empty()) {
-    all = std::move(elements);
-  } else if (!elements.empty()) {
-    all += "," + elements;
+// Open files in the places of the standard ones that this program was started without, which
+// the pipes would take.
+std::vector<port::Descriptor> missing_standard_files() {
+  std::vector<port::Descriptor> files;
+  for (;;) {
+    port::Descriptor file(port::require(::open("/dev/null", O_RDWR | O_CLOEXEC), "/dev/null"));
+    if (file.number() > STDERR_FILENO) return files;
+    files.push_back(std::move(file));
   }
 }
 
-std::string all_tools(Conversation& conversation) {
-  constexpr std::array<std::string_view, 2> names = {"tools", "nextCursor"};
-  std::string all;
-  std::string cursor;
-  std::set<std::string> seen;
-  do {
-    const std::string params = cursor.empty() ? "{}" : R"({"cursor":)" + cursor + "}";
-    json::Document result(list_method, conversation.request(list_method, params),
-                          json::Rules::message);
-    const auto [tools, next_cursor] = members_of(result, names);
-    const std::string_view elements = elements_of(tools, conversation);
-    cursor = cursor_in(next_cursor, seen, conversation);
-    append(all, std::move(result).take(elements));
-  } while (!cursor.empty());
-  return R"({"tools":[)" + std::move(all) + "]}";
+class Asking {
+ public:
+  Asking(std::span<const Server> servers, const Settings& settings);
+  std::vector<Outcome> run();
+
+ private:
+  void start_more();
+  void stop();
+  void tell();
+  void watch_signals();
+
+  std::span<const Server> servers_;
+  const Settings* settings_;
+  SignalsHeld held_;  // until all servers have ended
+  std::vector<port::Descriptor> standard_files_ = missing_standard_files();
+  std::deque<Exchange> exchanges_;  // of the servers in their order, up to the last started
+  std::size_t running_ = 0;
+  bool is_stopped_ = false;
+  bool is_long_ = false;
+  uv_poll_t signals_{};
+  std::optional<Timer> wonder_;
+  Loop loop_;  // ends before all that it calls
+};
+
+Asking::Asking(std::span<const Server> servers, const Settings& settings)
+    : servers_(servers), settings_(&settings) {
+  loop_.give_up = [this] { stop(); };
+  wonder_.emplace(loop_, [this] {
+    is_long_ = true;
+    tell();
+  });
+  wonder_->set(short_wait);
+  wonder_->make_optional();
+  watch_signals();
+}
+
+void Asking::watch_signals() {
+  signals_.data = this;
+  require(::uv_poll_init(loop_.get(), &signals_, held_.pending()), "uv_poll_init");
+  ::uv_unref(reinterpret_cast<uv_handle_t*>(&signals_));
+  ::uv_poll_start(&signals_, UV_READABLE, [](uv_poll_t* poll, int, int) {
+    ::uv_poll_stop(poll);
+    static_cast<Asking*>(poll->data)->stop();
+  });
+}
+
+std::vector<Outcome> Asking::run() {
+  loop_.guard([this] { start_more(); });
+  loop_.run();
+  std::vector<Outcome> outcomes;
+  for (Exchange& exchange : exchanges_) outcomes.push_back(exchange.take_outcome());
+  for (std::size_t i = outcomes.size(); i < servers_.size(); ++i) {
+    outcomes.push_back({.failure = servers_[i].label +
+                                   ": expected to be asked, found a signal that asks to end"});
+  }
+  return outcomes;
+}
+
+void Asking::start_more() {
+  const std::size_t most = std::max<std::size_t>(settings_->at_once, 1);
+  while (!is_stopped_ && running_ < most && exchanges_.size() < servers_.size()) {
+    const std::size_t index = exchanges_.size();
+    exchanges_.emplace_back(loop_, servers_[index], *settings_, [this] {
+      --running_;
+      start_more();
+      tell();
+    });
+    running_ += exchanges_.back().start() ? 1U : 0U;
+  }
+}
+
+// Which ends all servers, and starts no more.
+void Asking::stop() {
+  is_stopped_ = true;
+  for (Exchange& exchange : exchanges_) exchange.interrupt();
+}
+
+void Asking::tell() {
+  if (!is_long_ || !settings_->waiting || is_stopped_) return;
+  Progress progress{.asked = servers_.size()};
+  for (const Exchange& exchange : exchanges_) {
+    if (exchange.is_running()) progress.awaited.push_back(exchange.awaited());
+  }
+  for (std::size_t i = exchanges_.size(); i < servers_.size(); ++i) {
+    progress.awaited.push_back({servers_[i].label, "start"});
+  }
+  progress.answered = progress.asked - progress.awaited.size();
+  settings_->waiting(progress);
 }
 
 }  // namespace
 
-std::string list_tools(const Server& server, const Settings& settings) {
-  Conversation conversation(server, settings);
-  greet(conversation);
-  std::string tools = all_tools(conversation);
-  conversation.end();
-  return tools;
+std::vector<Outcome> ask(std::span<const Server> servers, const Settings& settings) {
+  if (servers.empty()) return {};
+  return Asking(servers, settings).run();
 }
 
 }  // namespace mcp_client

@@ -1,19 +1,21 @@
-// Asks a server of the Model Context Protocol for its tools, over its standard input and
-// output.
+// Asks servers of the Model Context Protocol for all that they list, over their standard input
+// and output.
 #ifndef MCP_CLIENT_CLIENT_H
 #define MCP_CLIENT_CLIENT_H
 
-#include <string>
+#include <span>
+#include <vector>
 
 #include "mcp_client/server.h"
 
 namespace mcp_client {
 
-// The tools of all pages as one JSON object, {"tools":[...]}, each in the bytes of the server.
-// The server and what it started in its process group have ended when this returns or throws
-// ServerError or std::system_error. A signal that asks this program to end waits until then.
-// For programs of one thread.
-std::string list_tools(const Server& server, const Settings& settings);
+// Asks all servers side by side; the outcomes stand in their order. Each server runs in a
+// session and group of its own, all of which has ended when this returns or throws. A signal
+// that asks this program to end (SIGHUP, SIGINT, SIGQUIT, SIGTERM) ends the servers, and takes
+// its effect then. Throws std::system_error when nothing can be asked, and what the functions
+// of the settings throw. For programs of one thread.
+std::vector<Outcome> ask(std::span<const Server> servers, const Settings& settings);
 
 }  // namespace mcp_client
 

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
-#include <string_view>
 #include <utility>
 
 #include "mcp_client/message.h"
+#include "mcp_client/mismatch.h"
 #include "registry_docs/text.h"
+#include "text/join.h"
 
 namespace mcp_client {
 namespace {
@@ -18,152 +19,254 @@ using json::MaybeNode;
 using json::Node;
 using json::Rules;
 using registry_docs::visible_in_quotes;
-using std::chrono::milliseconds;
 
-// How long a server may take to end by itself.
-constexpr milliseconds patience{1000};
+constexpr std::string_view latest_legacy = "2025-11-25";
+constexpr std::string_view modern = "2026-07-28";
+constexpr std::array<std::string_view, 5> versions = {modern, latest_legacy, "2025-06-18",
+                                                      "2025-03-26", "2024-11-05"};
 
-// From then on a person wonders.
-constexpr milliseconds short_wait{1000};
+constexpr const char* client_info =
+    R"({"name":"gen_registry_docs","version":")" REGISTRY_DOCS_VERSION R"("})";
 
-std::string duration(milliseconds time) {
-  const auto count = time.count();
-  constexpr auto second = milliseconds::period::den;
-  return count % second == 0 ? std::to_string(count / second) + " s"
-                             : std::to_string(count) + " ms";
+// What every request of the modern era carries.
+std::string metadata() {
+  return R"("_meta":{"io.modelcontextprotocol/protocolVersion":")" + std::string(modern) +
+         R"(","io.modelcontextprotocol/clientCapabilities":{},)" +
+         R"("io.modelcontextprotocol/clientInfo":)" + client_info + "}";
 }
 
-// Lines, each indented.
-std::string quoted_lines(std::string_view text) {
-  std::string lines;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    lines += "\n  " + registry_docs::visible(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return lines;
+constexpr std::string_view blank = " \t\r\n";
+
+// Whether a line that cannot be read may have been meant as an answer, and not as one for a
+// person.
+bool looks_like_answer(std::string_view line) {
+  const std::size_t begin = line.find_first_not_of(blank);
+  if (begin == std::string_view::npos || line[begin] != '{') return false;
+  return std::ranges::any_of(
+      std::array{R"("id")", R"("result")", R"("error")"},
+      [line](std::string_view name) { return line.find(name) != std::string_view::npos; });
 }
 
-// The text of an error's member "message", or all of another error.
-std::string error_in(const Node& error) {
-  const std::string_view json = error.spelling();
-  if (error.kind() != Kind::object) return "the error " + visible_in_quotes(json);
-  const Document object("error", std::string(json), Rules::message);
-  const MaybeNode text = Node(object).find("message");
-  const bool is_told = text && text->kind() == Kind::string;
-  return "the error " + visible_in_quotes(is_told ? text->string() : json);
-}
-
-bool is_blank(std::string_view line) {
-  return line.find_first_not_of(" \t\r\n") == std::string_view::npos;
+MaybeNode of_kind(const MaybeNode& value, Kind kind) {
+  return value && value->kind() == kind ? value : std::nullopt;
 }
 
 }  // namespace
 
-Conversation::Conversation(const Server& server, const Settings& settings)
-    : settings_(&settings),
-      name_(registry_docs::visible(server.command)),
-      start_(Clock::now()),
-      connection_(server) {}
+Conversation::Conversation(const Server& server,
+                           const std::function<void(const std::string&)>& warn)
+    : server_(&server), warn_(&warn) {
+  server.protocol == Protocol::modern ? discover() : initialize();
+}
 
-std::string Conversation::request(const std::string& method, const std::string& params) {
-  const std::string awaited = "answer to " + method;
+std::string Conversation::take_outgoing() { return std::exchange(outgoing_, {}); }
+
+std::string Conversation::failure(const std::string& expected,
+                                  const std::string& found) const {
+  const std::string before = first_error_ && step_ == Step::discover
+                                 ? "; its answer to initialize was " + first_error_->text
+                                 : "";
+  return "expected " + expected + ", found " + found + before;
+}
+
+void Conversation::say(const std::string& members) {
+  outgoing_ += R"({"jsonrpc":"2.0",)" + members + "}\n";
+}
+
+void Conversation::request(std::string_view method, const std::string& params) {
+  method_ = method;
   id_ = std::to_string(++requests_);
-  connection_.send(R"({"jsonrpc":"2.0","id":)" + id_ + R"(,"method":")" + method +
-                   R"(","params":)" + params + "}");
-  for (;;) {
-    if (auto result = result_in(next_message(awaited), awaited)) return *std::move(result);
-  }
+  say(R"("id":)" + id_ + R"(,"method":")" + method_ + R"(","params":{)" + params + "}");
 }
 
-void Conversation::notify(const std::string& method) {
-  connection_.send(R"({"jsonrpc":"2.0","method":")" + method + R"("})");
+void Conversation::initialize() {
+  step_ = Step::initialize;
+  request("initialize", R"("protocolVersion":")" + std::string(latest_legacy) +
+                            R"(","capabilities":{},"clientInfo":)" + client_info);
 }
 
-void Conversation::end() { connection_.end(patience); }
-
-// The next line that is not blank.
-std::string Conversation::next_message(const std::string& awaited) {
-  for (;;) {
-    std::string line;
-    const Event event = next_line(line, awaited);
-    if (event != Event::line) fail_without_answer(awaited, event);
-    if (!is_blank(line)) return line;
-  }
+void Conversation::discover() {
+  step_ = Step::discover;
+  is_modern_ = true;
+  request("server/discover", metadata());
 }
 
-Event Conversation::next_line(std::string& line, const std::string& awaited) {
-  const Clock::time_point last = start_ + settings_->timeout;
-  if (!has_told_of_waiting_ && settings_->waiting) {
-    const Event event = connection_.next(line, std::min(last, start_ + short_wait));
-    if (event != Event::late || Clock::now() >= last) return event;
-    has_told_of_waiting_ = true;
-    settings_->waiting(name_ + ": waiting for the " + awaited);
-  }
-  return connection_.next(line, last);
+void Conversation::request_page(const std::string& cursor) {
+  std::string params = cursor.empty() ? "" : R"("cursor":)" + cursor;
+  if (is_modern_) params += (params.empty() ? "" : ",") + metadata();
+  request(all_lists[at_].method, params);
 }
 
-// Nothing, after a warning, for a line that is none.
+void Conversation::hear(std::string line) {
+  constexpr std::array<std::string_view, 4> names = {"method", "id", "error", "result"};
+  if (line.find_first_not_of(blank) == std::string::npos) return;
+  const auto message = message_in(std::move(line));
+  if (!message) return;
+  const auto [method, id, error, result] = members_of(*message, names);
+  if (method) return respond(*method, id);
+  // Of an error without an id the server cannot say to what it is the answer.
+  if (id ? !is_awaited(*id) : !error) return;
+  if (error) return take_error(error_in(*error), id.has_value());
+  take_result(*message, result);
+}
+
+// Nothing, after a warning, for a line that is none and hardly was meant as an answer.
 std::unique_ptr<Document> Conversation::message_in(std::string line) const {
   const std::string shown = visible_in_quotes(line);
+  const bool is_meant = looks_like_answer(line);
   try {
-    return std::make_unique<Document>(name_, std::move(line), Rules::message);
-  } catch (const std::runtime_error&) {  // whether it is no UTF-8, no JSON or no object
-    if (settings_->warn) {
-      settings_->warn(name_ + ": expected a JSON-RPC message in every line, found " + shown);
+    return std::make_unique<Document>("its " + awaited(), std::move(line), Rules::message);
+  } catch (const std::runtime_error& error) {  // whether it is no UTF-8, no JSON or no object
+    if (is_meant) throw Mismatch(registry_docs::visible(error.what()));
+    if (*warn_) {
+      (*warn_)(server_->label + ": expected a JSON-RPC message in every line, found " + shown);
     }
     return nullptr;
   }
 }
 
-// The result of the request at hand; nothing in a line that is not its answer.
-std::optional<std::string> Conversation::result_in(std::string line,
-                                                   const std::string& awaited) {
-  constexpr std::array<std::string_view, 4> names = {"method", "id", "error", "result"};
-  const auto message = message_in(std::move(line));
-  if (!message) return std::nullopt;
-  const auto [method, id, error, result] = members_of(*message, names);
-  if (method) {
-    respond(*method, id);
-    return std::nullopt;
-  }
-  // Of an error without an id the server cannot say to what it is the answer.
-  const bool is_answer = id ? id->spelling() == id_ : error.has_value();
-  if (!is_answer) return std::nullopt;
-  if (error) fail("an " + awaited, error_in(*error));
-  if (!result) fail("a result in the " + awaited, "none");
-  const std::string_view json = result->spelling();
-  if (result->kind() != Kind::object) {
-    fail("an object as the " + awaited, visible_in_quotes(json));
-  }
-  return std::move(*message).take(json);
+// Some servers give every id back as a text.
+bool Conversation::is_awaited(const Node& id) const {
+  return id.spelling() == id_ || (id.kind() == Kind::string && id.string() == id_);
 }
 
 // Answers a request of the server. A notification has no id.
 void Conversation::respond(const Node& method, const MaybeNode& id) {
   if (!id) return;
   const bool is_ping = method.kind() == Kind::string && method.string() == "ping";
-  const std::string outcome =
-      is_ping ? R"("result":{})" : R"("error":{"code":-32601,"message":"Method not found"})";
-  connection_.send(R"({"jsonrpc":"2.0","id":)" + std::string(id->spelling()) + "," + outcome +
-                   "}");
+  say(R"("id":)" + std::string(id->spelling()) + "," +
+      (is_ping ? R"("result":{})"
+               : R"("error":{"code":-32601,"message":"Method not found"})"));
 }
 
-void Conversation::fail_without_answer(const std::string& awaited, Event event) {
-  if (event == Event::late) {
-    fail("an " + awaited + " within " + duration(settings_->timeout), "none");
+void Conversation::take_error(const Error& error, bool has_id) {
+  if (step_ == Step::list) return take_list_error(error, has_id);
+  if (step_ == Step::discover) return take_discovery_error(error);
+  require_version(error.versions);
+  if (server_->protocol == Protocol::legacy) throw Mismatch("an " + awaited(), error.text);
+  first_error_ = error;
+  discover();
+}
+
+void Conversation::take_discovery_error(const Error& error) {
+  require_version(error.versions);
+  if (!first_error_) throw Mismatch("an " + awaited(), error.text);
+  throw Mismatch("an answer to initialize", first_error_->text);
+}
+
+// An error without an id may be the answer to something else, and so leaves no list empty.
+void Conversation::take_list_error(const Error& error, bool has_id) {
+  const bool is_announced = has_[at_];
+  if (!has_id || (is_announced && !error.is_unknown_method)) {
+    throw Mismatch("an " + awaited(), error.text);
   }
-  if (event == Event::interrupted) fail("an " + awaited, "a signal that asks to end");
-  const std::string ending = connection_.end(patience);
-  fail("an " + awaited, ending.empty() ? "the end of its output" : "that " + ending);
+  if (is_announced && *warn_) {
+    (*warn_)(server_->label + ": expected an " + awaited() + ", as it announces \"" +
+             std::string(all_lists[at_].capability) + "\", found " + error.text);
+  }
+  add(all_lists[at_].member, pages_.take());
+  ++at_;
+  request_next_list();
 }
 
-void Conversation::fail(const std::string& expected, const std::string& found) {
-  connection_.end(milliseconds(0));
-  std::string message = name_ + ": expected " + expected + ", found " + found;
-  const std::string errors = quoted_lines(connection_.last_errors());
-  if (!errors.empty()) message += "; its standard error ended with:" + errors;
-  throw ServerError(message);
+void Conversation::require_version(const std::vector<std::string>& supported) const {
+  const auto is_spoken = [this](std::string_view version) {
+    if (server_->protocol == Protocol::modern) return version == modern;
+    if (server_->protocol == Protocol::legacy && version == modern) return false;
+    return std::ranges::find(versions, version) != versions.end();
+  };
+  if (supported.empty() || std::ranges::any_of(supported, is_spoken)) return;
+  const std::string legacy_versions = "up to " + std::string(latest_legacy);
+  const std::string expected = server_->protocol == Protocol::modern ? std::string(modern)
+                               : server_->protocol == Protocol::legacy
+                                   ? legacy_versions
+                                   : std::string(modern) + " or " + legacy_versions;
+  throw Mismatch("a server that speaks the protocol " + expected,
+                 "one that speaks " + visible_in_quotes(text::join(supported, ", ")));
+}
+
+void Conversation::take_result(Document& message, const MaybeNode& result) {
+  if (!result) throw Mismatch("a result in the " + awaited(), "none");
+  const std::string_view json = result->spelling();
+  if (result->kind() != Kind::object) {
+    throw Mismatch("an object as the " + awaited(), visible_in_quotes(json));
+  }
+  Document read("its " + awaited(), std::move(message).take(json), Rules::message);
+  if (is_modern_) take_metadata(read);
+  if (step_ != Step::list) return take_identity(read);
+  const std::string cursor = pages_.add(all_lists[at_], std::move(read));
+  if (!cursor.empty()) return request_page(cursor);
+  add(all_lists[at_].member, pages_.take());
+  ++at_;
+  request_next_list();
+}
+
+// What every result of the modern era says of itself and of the server.
+void Conversation::take_metadata(const Document& result) {
+  const auto [type, about] =
+      members_of(result, std::array<std::string_view, 2>{"resultType", "_meta"});
+  if (type && type->spelling() != R"("complete")") {
+    throw Mismatch("a complete " + awaited(),
+                   "one of the type " + visible_in_quotes(type->spelling()));
+  }
+  if (!server_info_.empty() || !of_kind(about, Kind::object)) return;
+  const Document members("_meta", std::string(about->spelling()), Rules::message);
+  const MaybeNode info = Node(members).find("io.modelcontextprotocol/serverInfo");
+  if (of_kind(info, Kind::object)) server_info_ = info->spelling();
+}
+
+void Conversation::take_identity(const Document& result) {
+  constexpr std::array<std::string_view, 4> names = {"serverInfo", "instructions",
+                                                     "capabilities", "supportedVersions"};
+  const auto [info, instructions, capabilities, supported] = members_of(result, names);
+  if (is_modern_) {
+    const auto offered = texts_in(supported);
+    require_version(offered);
+    const bool is_offered =
+        offered.empty() || std::ranges::find(offered, modern) != offered.end();
+    if (!is_offered) {
+      throw Mismatch(
+          "a server that answers initialize or speaks the protocol " + std::string(modern),
+          "one that speaks " + visible_in_quotes(text::join(offered, ", ")));
+    }
+  } else {
+    if (of_kind(info, Kind::object)) server_info_ = info->spelling();
+    say(R"("method":"notifications/initialized")");
+  }
+  if (of_kind(instructions, Kind::string)) instructions_ = instructions->spelling();
+  begin_lists(capabilities);
+}
+
+void Conversation::begin_lists(const MaybeNode& capabilities) {
+  if (of_kind(capabilities, Kind::object)) {
+    const Document announced("capabilities", std::string(capabilities->spelling()),
+                             Rules::message);
+    for (std::size_t i = 0; i < all_lists.size(); ++i) {
+      const MaybeNode found = Node(announced).find(all_lists[i].capability);
+      has_[i] = found && found->kind() != Kind::null;
+    }
+  }
+  step_ = Step::list;
+  request_next_list();
+}
+
+// Tools are asked for in any case: some servers offer them without announcing them.
+void Conversation::request_next_list() {
+  while (at_ > 0 && at_ < all_lists.size() && !has_[at_]) ++at_;
+  is_over_ = at_ == all_lists.size();
+  if (!is_over_) request_page("");
+}
+
+void Conversation::add(std::string_view name, const std::string& json) {
+  members_ += (members_.empty() ? "\"" : ",\"") + std::string(name) + "\":";
+  members_ += json;
+}
+
+std::string Conversation::answer() && {
+  std::string answer = "{";
+  if (!server_info_.empty()) answer += R"("serverInfo":)" + server_info_ + ",";
+  if (!instructions_.empty()) answer += R"("instructions":)" + instructions_ + ",";
+  return std::move(members_.insert(0, answer) += '}');
 }
 
 }  // namespace mcp_client

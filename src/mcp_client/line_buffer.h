@@ -16,6 +16,9 @@ class LineBuffer {
   // many pieces it came in, and does not copy a long one.
   std::optional<std::string> take();
 
+  // Of the bytes that were not taken.
+  [[nodiscard]] std::size_t size() const { return bytes_.size() - begin_; }
+
  private:
   std::string bytes_;
   std::size_t begin_ = 0;     // of the line at hand

@@ -1,191 +1,203 @@
 #include "mcp_client/process.h"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
+#include <array>
+#include <csignal>
 #include <cstring>
-#include <string_view>
-#include <vector>
+#include <memory>
+#include <utility>
 
-#include "port/pipe.h"
-#include "port/spawn.h"
-#include "registry_docs/text.h"
+#include "mcp_client/command.h"
+#include "port/descriptor.h"
 
 namespace mcp_client {
 namespace {
 
 using port::Descriptor;
-using Variables = std::vector<std::string>;
 
-void set(Variables& variables, const std::string& name, const std::string& value) {
-  const auto is_old = [&](const std::string& line) { return line.starts_with(name + "="); };
-  std::erase_if(variables, is_old);
-  variables.push_back(name + "=" + value);
+// As much as is kept of standard error.
+constexpr std::size_t tail = 2000;
+
+// A server that does not read the answers to its requests gets no more of them.
+constexpr std::size_t most_outgoing = 1 << 20;
+
+uv_handle_t* handle(void* of) { return static_cast<uv_handle_t*>(of); }
+uv_stream_t* stream(uv_pipe_t& pipe) { return reinterpret_cast<uv_stream_t*>(&pipe); }
+Process* owner(const void* of) {
+  return static_cast<Process*>(static_cast<const uv_handle_t*>(of)->data);
 }
 
-Variables variables_of(const Server& server) {
-  Variables variables = port::variables();
-  for (const auto& [name, value] : server.env) set(variables, name, value);
-  return variables;
+void close(void* of) {
+  if (::uv_is_closing(handle(of)) == 0) ::uv_close(handle(of), nullptr);
 }
 
-std::string search_path(const Variables& variables) {
-  constexpr std::string_view name = "PATH=";
-  for (const std::string& line : variables) {
-    if (line.starts_with(name)) return line.substr(name.size());
-  }
-  return "/usr/local/bin:/usr/bin:/bin";
+enum class Direction { to_server, from_server };
+
+// Opens our end of a pipe, and returns the server's. It is a pipe and no socket, since a shell
+// can open only the first by the name /dev/stderr.
+Descriptor open(Loop& loop, uv_pipe_t& ours, Direction direction) {
+  const bool is_read = direction == Direction::from_server;
+  std::array<uv_file, 2> ends{};  // the one to read from and the one to write to
+  require(
+      ::uv_pipe(ends.data(), is_read ? UV_NONBLOCK_PIPE : 0, is_read ? 0 : UV_NONBLOCK_PIPE),
+      "uv_pipe");
+  Descriptor theirs(ends[is_read ? 1 : 0]);
+  const int file = ends[is_read ? 0 : 1];
+  require(::uv_pipe_init(loop.get(), &ours, 0), "uv_pipe_init");
+  const int failure = ::uv_pipe_open(&ours, file);
+  if (failure != 0) ::close(file);
+  require(failure, "uv_pipe_open");
+  return theirs;
 }
 
-bool is_program(const std::string& path) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         ::access(path.c_str(), X_OK) == 0;
+uv_stdio_container_t inherited(const Descriptor& file) {
+  uv_stdio_container_t container{};
+  container.flags = UV_INHERIT_FD;
+  container.data.fd = file.number();
+  return container;
 }
 
-// The first program of that name, or an empty path, which the system does not find either.
-std::string find(const std::string& command, const std::string& directories) {
-  for (std::size_t begin = 0; begin <= directories.size();) {
-    const std::size_t end = std::min(directories.find(':', begin), directories.size());
-    const std::string directory = directories.substr(begin, end - begin);
-    std::string path = (directory.empty() ? "." : directory) + "/" + command;
-    if (is_program(path)) return path;
-    begin = end + 1;
-  }
-  return "";
-}
-
-// A server's command, as the system takes it.
-struct Command {
-  std::string path;  // the command's own, or what the server's PATH leads to; empty if nothing
-  std::vector<std::string> arguments;
-  Variables environment;
-};
-
-Command command_of(const Server& server) {
-  Command command{server.command, {server.command}, variables_of(server)};
-  command.arguments.insert(command.arguments.end(), server.args.begin(), server.args.end());
-  if (server.command.find('/') == std::string::npos) {
-    command.path = find(server.command, search_path(command.environment));
-  }
-  return command;
-}
-
-Descriptor without_blocking(Descriptor file) {
-  port::require(::fcntl(file.number(), F_SETFL, O_NONBLOCK), "fcntl");
-  return file;
-}
-
-// What is to happen between the making of the process and its program.
-class Preparation {
- public:
-  explicit Preparation(const sigset_t& mask) {
-    ::posix_spawn_file_actions_init(&actions_);
-    ::posix_spawnattr_init(&attributes_);
-    ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
-    ::posix_spawnattr_setpgroup(&attributes_, 0);
-    ::posix_spawnattr_setsigmask(&attributes_, &mask);
-  }
-  ~Preparation() {
-    ::posix_spawn_file_actions_destroy(&actions_);
-    ::posix_spawnattr_destroy(&attributes_);
-  }
-  Preparation(const Preparation&) = delete;
-  Preparation& operator=(const Preparation&) = delete;
-
-  void use(const Descriptor& file, int number) {
-    ::posix_spawn_file_actions_adddup2(&actions_, file.number(), number);
-  }
-  void enter(const std::string& directory) { port::add_directory(actions_, directory); }
-  // Returns the number of the failure, if any.
-  int start(Command& command, pid_t& id) const;
-
- private:
-  posix_spawn_file_actions_t actions_{};
-  posix_spawnattr_t attributes_{};
-};
-
-std::vector<char*> pointers(std::vector<std::string>& texts) {
-  std::vector<char*> result;
-  result.reserve(texts.size() + 1);
-  for (std::string& text : texts) result.push_back(text.data());
-  result.push_back(nullptr);
-  return result;
-}
-
-int Preparation::start(Command& command, pid_t& id) const {
-  const std::vector<char*> arguments = pointers(command.arguments);
-  const std::vector<char*> environment = pointers(command.environment);
-  return ::posix_spawn(&id, command.path.c_str(), &actions_, &attributes_, arguments.data(),
-                       environment.data());
-}
-
-[[noreturn]] void refuse(const Server& server, const std::string& expected, int failure) {
-  throw ServerError(registry_docs::visible(server.command) + ": expected " + expected +
-                    ", found: " + std::generic_category().message(failure));
-}
-
-// The system does not say whether it was the program or its directory that failed.
-void require_directory(const Server& server) {
-  if (!server.cwd) return;
-  struct stat status {};
-  const bool is_there = ::stat(server.cwd->c_str(), &status) == 0;
-  if (is_there && S_ISDIR(status.st_mode)) return;
-  refuse(server, "to start in " + registry_docs::visible(*server.cwd),
-         is_there ? ENOTDIR : errno);
-}
-
-}  // namespace
-
-Process::Process(const Server& server, const sigset_t& mask) {
-  port::Pipe in = port::make_pipe();
-  port::Pipe out = port::make_pipe();
-  port::Pipe error = port::make_pipe();
-  input = without_blocking(std::move(in.writing));
-  output = without_blocking(std::move(out.reading));
-  errors = without_blocking(std::move(error.reading));
-  Preparation preparation(mask);
-  preparation.use(in.reading, STDIN_FILENO);
-  preparation.use(out.writing, STDOUT_FILENO);
-  preparation.use(error.writing, STDERR_FILENO);
-  require_directory(server);
-  if (server.cwd) preparation.enter(*server.cwd);
-  Command command = command_of(server);
-  const int failure = preparation.start(command, id_);
-  if (failure != 0) {
-    id_ = 0;
-    refuse(server, "a program that can be started", failure);
-  }
-}
-
-bool Process::has_exited() const noexcept {
-  siginfo_t end{};
-  return id_ == 0 ||
-         ::waitid(P_PID, static_cast<id_t>(id_), &end, WEXITED | WNOHANG | WNOWAIT) != 0 ||
-         end.si_pid != 0;
-}
-
-std::string Process::end() {
-  const int status = reap();
-  if (WIFEXITED(status)) return "it exited with code " + std::to_string(WEXITSTATUS(status));
-  const int number = WTERMSIG(status);
+std::string ending(std::int64_t status, int number) {
+  if (number == 0) return "it exited with code " + std::to_string(status);
   return "signal " + std::to_string(number) + " (" + ::strsignal(number) + ") ended it";
 }
 
-// As long as the first process is not reaped, nothing else can have the number of its group.
-int Process::reap() noexcept {
-  int status = 0;
-  if (id_ == 0) return status;
-  signal(SIGKILL);
-  while (::waitpid(id_, &status, 0) < 0 && errno == EINTR) {
+struct Write {
+  uv_write_t request{};
+  std::string text;
+};
+
+}  // namespace
+
+void Process::start(const Server& server) {
+  try {
+    spawn(server);
+  } catch (...) {
+    close();
+    throw;
   }
-  id_ = 0;
-  return status;
+  is_running_ = true;
+  hear();
+  listen(errors_);
+}
+
+void Process::spawn(const Server& server) {
+  process_.data = input_.data = output_.data = errors_.data = this;
+  const Descriptor in = open(*loop_, input_, Direction::to_server);
+  const Descriptor out = open(*loop_, output_, Direction::from_server);
+  const Descriptor error = open(*loop_, errors_, Direction::from_server);
+  std::array files = {inherited(in), inherited(out), inherited(error)};
+  Command command(server);
+  uv_process_options_t options{};
+  options.file = server.command.c_str();
+  options.args = command.arguments();
+  options.env = command.environment();
+  options.cwd = server.cwd ? server.cwd->c_str() : nullptr;
+  options.flags = UV_PROCESS_DETACHED;
+  options.stdio_count = static_cast<int>(files.size());
+  options.stdio = files.data();
+  options.exit_cb = [](uv_process_t* process, std::int64_t status, int number) {
+    Process* const self = owner(process);
+    self->loop_->guard([&] { self->exited(ending(status, number)); });
+  };
+  require(::uv_spawn(loop_->get(), &process_, &options), "uv_spawn");
+}
+
+void Process::hear() {
+  is_heard_ = true;
+  listen(output_);
+}
+
+void Process::listen(uv_pipe_t& pipe) {
+  const auto allocate = [](uv_handle_t* from, std::size_t, uv_buf_t* room) {
+    *room = owner(from)->loop_->room();
+  };
+  const auto read = [](uv_stream_t* from, ssize_t count, const uv_buf_t* room) {
+    Process* const self = owner(from);
+    self->loop_->guard([&] { self->take(from, count, room->base); });
+  };
+  ::uv_read_start(stream(pipe), allocate, read);
+}
+
+// What was read, or a negative count at the end.
+void Process::take(uv_stream_t* from, ssize_t count, const char* bytes) {
+  if (count == 0) return;  // There was nothing to read after all.
+  const std::string_view text(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  if (count < 0) ::uv_read_stop(from);
+  if (from == stream(output_)) return events_.output(text);
+  last_errors_ += text;
+  if (last_errors_.size() > tail) last_errors_.erase(0, last_errors_.size() - tail);
+}
+
+void Process::send(std::string text) {
+  if (text.empty() || ::uv_is_closing(handle(&input_)) != 0) return;
+  auto write = std::make_unique<Write>();
+  write->text = std::move(text);
+  write->request.data = write.get();
+  const uv_buf_t bytes =
+      ::uv_buf_init(write->text.data(), static_cast<unsigned>(write->text.size()));
+  const auto done = [](uv_write_t* request, int failure) {
+    const std::unique_ptr<Write> ended(static_cast<Write*>(request->data));
+    owner(request->handle)->written(failure);
+  };
+  if (::uv_write(&write->request, stream(input_), &bytes, 1, done) != 0) return close_input();
+  static_cast<void>(write.release());
+  if (::uv_stream_get_write_queue_size(stream(input_)) < most_outgoing) return;
+  is_heard_ = false;
+  ::uv_read_stop(stream(output_));
+}
+
+// A server that reads no more may still have something to say.
+void Process::written(int failure) {
+  if (!is_running_ || failure == UV_ECANCELED) return;
+  if (failure != 0) return close_input();
+  const bool has_room = ::uv_stream_get_write_queue_size(stream(input_)) < most_outgoing;
+  if (!is_heard_ && has_room) hear();
+}
+
+void Process::close_input() {
+  ::mcp_client::close(&input_);
+  if (!is_heard_) hear();
+}
+
+void Process::signal(int number) const {
+  if (is_running_) ::kill(-process_.pid, number);
+}
+
+// What an ended server has written is there. What something outside its group may still write
+// there is not waited for.
+void Process::drain(uv_pipe_t& pipe) {
+  int file = -1;
+  int left = 0;
+  if (::uv_is_closing(handle(&pipe)) != 0 || ::uv_fileno(handle(&pipe), &file) != 0) return;
+  if (::ioctl(file, FIONREAD, &left) != 0) return;
+  const uv_buf_t room = loop_->room();
+  while (left > 0) {
+    const ssize_t count =
+        ::read(file, room.base, std::min(room.len, static_cast<std::size_t>(left)));
+    if (count <= 0) return;
+    left -= static_cast<int>(count);
+    take(stream(pipe), count, room.base);
+  }
+}
+
+// Its number was that of its group, and is nothing else's so shortly after.
+void Process::exited(const std::string& how) {
+  signal(SIGKILL);
+  is_running_ = false;
+  drain(output_);
+  drain(errors_);
+  close();
+  events_.end(how);
+}
+
+void Process::close() {
+  for (void* each : {handle(&process_), handle(&input_), handle(&output_), handle(&errors_)}) {
+    if (handle(each)->type != UV_UNKNOWN_HANDLE) ::mcp_client::close(each);
+  }
 }
 
 }  // namespace mcp_client

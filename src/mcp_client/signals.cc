@@ -20,28 +20,20 @@ sigset_t signals_to_end(const sigset_t& mask) {
   return signals;
 }
 
-sigset_t only(int signal) {
-  sigset_t signals;
-  ::sigemptyset(&signals);
-  ::sigaddset(&signals, signal);
-  return signals;
-}
-
 }  // namespace
 
 SignalsHeld::SignalsHeld() {
   ::pthread_sigmask(SIG_SETMASK, nullptr, &mask_before_);
-  sigset_t held = signals_to_end(mask_before_);
+  ::sigaction(SIGCHLD, nullptr, &child_before_);
+  const sigset_t held = signals_to_end(mask_before_);
   pending_ = port::signal_file(held);
-  child_end_ = port::signal_file(only(SIGCHLD));
-  ::sigaddset(&held, SIGPIPE);
-  ::sigaddset(&held, SIGCHLD);
-  ::pthread_sigmask(SIG_BLOCK, &held, nullptr);
-  // Where it is ignored, the system forgets how a server ended.
-  struct sigaction standard {};
-  standard.sa_handler = SIG_DFL;
-  standard.sa_flags = SA_NOCLDSTOP;
-  ::sigaction(SIGCHLD, &standard, &child_before_);
+  sigset_t mask = mask_before_;
+  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+    if (::sigismember(&held, signal) == 1) ::sigaddset(&mask, signal);
+  }
+  ::sigaddset(&mask, SIGPIPE);
+  ::sigdelset(&mask, SIGCHLD);
+  ::pthread_sigmask(SIG_SETMASK, &mask, nullptr);
 }
 
 SignalsHeld::~SignalsHeld() {
@@ -49,7 +41,5 @@ SignalsHeld::~SignalsHeld() {
   ::sigaction(SIGCHLD, &child_before_, nullptr);
   ::pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
 }
-
-void SignalsHeld::forget_child_end() const noexcept { port::take_signal(child_end_); }
 
 }  // namespace mcp_client

@@ -1,7 +1,6 @@
 #include "port/signals.h"
 
 #include <sys/signalfd.h>
-#include <unistd.h>
 
 #include <ctime>
 
@@ -9,11 +8,6 @@ namespace port {
 
 Descriptor signal_file(const sigset_t& signals) {
   return Descriptor(require(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK), "signalfd"));
-}
-
-void take_signal(const Descriptor& file) noexcept {
-  signalfd_siginfo taken{};
-  [[maybe_unused]] const ssize_t size = ::read(file.number(), &taken, sizeof taken);
 }
 
 void take_signal(int signal) noexcept {

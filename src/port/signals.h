@@ -12,9 +12,6 @@ namespace port {
 // It does not pass to a program that is started. Throws std::system_error.
 Descriptor signal_file(const sigset_t& signals);
 
-// Takes one of the file's signals away, if one waits.
-void take_signal(const Descriptor& file) noexcept;
-
 // Takes a signal, which must be blocked, away if it waits.
 void take_signal(int signal) noexcept;
 

@@ -32,7 +32,6 @@ class Reader {
     if (!command) refuse_lack_of_command(declared, url);
     require_standard_streams(type);
     server_.command = filled_text(*command, "a command");
-    server_.shown_command = command->string();
     server_.label = label_of(*command, args);
     if (args) {
       args->for_each_element([&](const Node& each) { server_.args.push_back(text(each)); });

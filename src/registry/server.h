@@ -26,7 +26,6 @@ enum class Protocol : std::uint8_t {
 struct Server {
   std::string label;  // what messages call it: no value of a variable is in it
   std::string command;
-  std::string shown_command;  // as it is declared
   std::vector<std::string> args = {};
   std::vector<std::pair<std::string, std::string>> env = {};  // beside the program's own
   std::optional<std::string> cwd = {};

@@ -133,10 +133,30 @@ class Server(unittest.TestCase):
     def test_a_server_that_fails(self):
         script = "print('no\\x1b tools', file=sys.stderr); sys.exit(3)"
         self.declare(server={"command": "python3", "args": ["-c", "import sys; " + script]})
-        done = subprocess.run([PROGRAM, "--check", "--timeout", "20"], cwd=self.root, check=False,
-                              capture_output=True, text=True)
-        self.assertEqual((done.returncode, done.stdout), (2, ""))
-        self.assertRegex(done.stderr, r"\Apython3: expected .*\n(.*\n)*.*no\\x1b tools\n\Z")
+        self.expect("--check --timeout 20", 2, "",
+                    "python3 -c import sys; print('no\\x1b tools', file=sys.stderr...: expected an "
+                    "answer to initialize, found that it exited with code 3; its standard error ended "
+                    "with:\n  no\\x1b tools\n")
+
+    def test_times_as_they_are_given(self):
+        self.declare(server={"command": "sleep", "args": ["60"]})
+        for given, shown in {"0.5": "0.5", "1": "1", "0.0001": "0.001", "1.25": "1.25"}.items():
+            self.expect(f"--check --timeout {given}", 2, "", "sleep 60: expected an answer to "
+                        f"initialize within {shown} s, found none\n")
+
+    def test_what_is_waited_for_at_a_terminal(self):
+        script = "time.sleep(1.4); print('log'); greet(); page('[]')"
+        self.declare(server={"command": "python3", "args": [str(SERVER), script],
+                             "env": {"VERSION": os.environ["VERSION"]}}, tools=[])
+        ours, theirs = os.openpty()
+        done = subprocess.run([PROGRAM, "--print-model"], cwd=self.root, stderr=theirs, check=False,
+                              stdout=subprocess.DEVNULL, env={**os.environ, "TERM": "xterm"})
+        said = os.read(ours, 10_000).decode()
+        said = said.replace(f"python3 {SERVER} {script}"[:60] + "...", "LABEL")
+        os.close(ours), os.close(theirs)
+        line, gone = "\x1b[?7lLABEL: waiting for the answer to initialize\x1b[?7h", "\r\x1b[K"
+        log = "LABEL: expected a JSON-RPC message in every line, found 'log'\r\n"
+        self.assertEqual((done.returncode, said), (0, line + gone + log + line + gone))
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""A tool server that does what the Python of its first argument says, in the words below."""
+"""A server that does what the Python of its first argument says, in the words below."""
 
 import json
 import os
@@ -8,6 +8,14 @@ import sys
 import time
 
 sys.stdout.reconfigure(encoding="utf-8", line_buffering=True)
+
+CLIENT = {"name": "gen_registry_docs", "version": os.environ["VERSION"]}
+META = {"io.modelcontextprotocol/protocolVersion": "2026-07-28",
+        "io.modelcontextprotocol/clientCapabilities": {}, "io.modelcontextprotocol/clientInfo": CLIENT}
+INFO = {"io.modelcontextprotocol/serverInfo": {"name": "s"}}
+LISTS = {"tools/list": "tools", "prompts/list": "prompts", "resources/list": "resources",
+         "resources/templates/list": "resourceTemplates"}
+common = {}  # what the params of every request hold
 
 
 def hear(**expected):
@@ -22,18 +30,39 @@ def answer(**members):
     print(json.dumps({"jsonrpc": "2.0", "id": heard["id"], **members}))
 
 
-def greet():
+def refuse(message="no", code=-32601, **data):
+    answer(error={"code": code, "message": message, "data": data})
+
+
+def begin():
     hear(method="initialize", params={
-        "protocolVersion": "2025-11-25", "capabilities": {},
-        "clientInfo": {"name": "gen_registry_docs", "version": os.environ["VERSION"]}})
-    answer(result={"protocolVersion": "1999-12-31"})
+        "protocolVersion": "2025-11-25", "capabilities": {}, "clientInfo": CLIENT})
+
+
+def greet(*capabilities, **more):
+    begin()
+    announced = {"capabilities": {name: {} for name in capabilities}} if capabilities else {}
+    answer(result={"protocolVersion": "1999-12-31", **announced, **more})
     hear(method="notifications/initialized")
 
 
-def page(tools, more="", **params):
-    """Answers with the bytes of tools, and of the members behind them."""
-    hear(method="tools/list", params=params)
-    print(f'{{"id": {heard["id"]} ,\t"result":{{"_meta":{{"tools":0}},"tools":{tools}{more}}} }}\r')
+def discover(*capabilities, **more):
+    """Answers as a server of the modern era does to its first request but `initialize`."""
+    common["_meta"] = META
+    hear(method="server/discover", params=common)
+    answer(result={"resultType": "complete", "supportedVersions": ["2026-07-28"], "_meta": INFO,
+                   "capabilities": {name: {} for name in capabilities}, **more})
+
+
+def asked(method="tools/list", **params):
+    hear(method=method, params={**params, **common})
+
+
+def page(entries, more="", method="tools/list", **params):
+    """Answers with the bytes of the entries, and of the members behind them."""
+    asked(method, **params)
+    print(f'{{"id": {heard["id"]} ,\t"result":{{"_meta":{{"tools":0}},'
+          f'"{LISTS[method]}":{entries}{more}}} }}\r')
 
 
 exec(sys.argv[1])
