@@ -111,14 +111,14 @@ class Opener {
  private:
   // Does what concerns one of several; what hinders it does not hinder the others.
   template <typename Do>
-  bool attempt(Do what) {
+  bool attempt(Do what, bool is_of_several = false) {
     try {
       what();
       return true;
     } catch (const std::bad_alloc&) {
       throw;
     } catch (const std::exception& error) {
-      if (workspace_.is_one) throw;
+      if (workspace_.is_one && !is_of_several) throw;
       workspace_.failures.emplace_back(error.what());
     }
     return false;
@@ -153,13 +153,16 @@ class Opener {
     }
     for (std::size_t i = 0; i < sources.size(); ++i) {
       if (!sources[i].server) continue;
-      if (options_.offline) {
-        ready_heap(*opened.repository, sources[i]);
-        opened.answers[i] = registry::kept_answer(*opened.repository, sources[i]);
-      } else {
-        question(opened, i);
-      }
+      const bool is_of_several = !sources[i].name.empty();
+      attempt([&] { answer(opened, i); }, is_of_several);
     }
+  }
+
+  void answer(Opened& opened, std::size_t source) {
+    if (!options_.offline) return question(opened, source);
+    const Source& asked = opened.repository->sources[source];
+    ready_heap(*opened.repository, asked);
+    opened.answers[source] = registry::kept_answer(*opened.repository, asked);
   }
 
   static void require_one(const std::vector<Source>& sources, const std::string& option) {

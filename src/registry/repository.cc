@@ -129,7 +129,7 @@ Repository open_repository(const std::filesystem::path& root, const Opening& ope
   require_members_of_document(document);
   repository.product = product(document);
   repository.sources = sources_of(document, root);
-  if (opening.needs_files || document.find("files")) {
+  if (opening.needs_files) {
     repository.files = files(document, repository.product, names_of(repository.sources), root);
   }
   return repository;
