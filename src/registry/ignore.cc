@@ -3,13 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-<<<<<<< HEAD
-#include <optional>
-#include <ranges>
-=======
 #include <algorithm>
 #include <optional>
->>>>>>> discover
 #include <utility>
 
 #include "registry_docs/errors.h"
@@ -102,16 +97,10 @@ bool ignores(const IgnoreRules& rules, std::string_view name, bool is_directory)
   const std::string path = rules.directory + std::string(name);
   for (const auto* level = rules.nearest.get(); level; level = level->above.get()) {
     const std::string_view from_file = std::string_view(path).substr(level->directory_size);
-<<<<<<< HEAD
-    for (const IgnoreRule& rule : level->rules | std::views::reverse) {
-      if (is_of(rule, from_file, is_directory)) return !rule.is_inclusion;
-    }
-=======
     const auto last = std::find_if(
         level->rules.rbegin(), level->rules.rend(),
         [&](const IgnoreRule& rule) { return is_of(rule, from_file, is_directory); });
     if (last != level->rules.rend()) return !last->is_inclusion;
->>>>>>> discover
   }
   return false;
 }
