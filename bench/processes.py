@@ -87,6 +87,26 @@ def commands_of_layouts(build, directory):
             "document": [f"{build}/bench/parse_document", *files]}
 
 
+def asking(build, directory):
+    """A live check and the least that asking its server can cost; and servers that take a second
+    before they answer, one and twenty."""
+    server = ["/usr/bin/python3", "-I", "-S", str(BENCH / "server.py")]
+    root = pathlib.Path(directory, "live")
+    root.mkdir()
+    (root / "README.md").write_text("<!-- registry:count -->\n<!-- /registry:count -->\n")
+    (root / "registry-docs.json").write_text(json.dumps({
+        "files": [{"path": "README.md", "blocks": ["count"]}],
+        "server": {"command": server[0], "args": [*server[1:], "0"]}}))
+    requests = root / "requests"
+    check = [f"{build}/gen_registry_docs", "--root", str(root), "--check"]
+    subprocess.run([*check[:-1], "--write"], check=True, stdout=subprocess.DEVNULL,
+                   env={**os.environ, "REQUESTS": str(requests)})
+    several = f"{build}/bench/bench_ask_servers"
+    live = {"live": check, "least": [f"{build}/bench/ask_once", str(requests), *server, "0"]}
+    slow = {"one": [several, "1", *server, "1"], "twenty": [several, "20", *server, "1"]}
+    return live, slow
+
+
 def memory_per_byte(check):
     """The peak of a check, to the bytes of its files."""
     _, status, usage = os.wait4(os.posix_spawn(check[0], check, os.environ), 0)
@@ -108,6 +128,10 @@ def main():
             measured["sizes"][size] = [round_of(both, results) for _ in range(count)]
         layouts = commands_of_layouts(build, directory)
         measured["layouts"] = [round_of(layouts, results) for _ in range(rounds)]
+        live, slow = asking(build, directory)
+        measured["live"] = [round_of(live, results)
+                            for _ in range(max(5, rounds // 10))]
+        measured["slow"] = [round_of(slow, results) for _ in range(max(3, rounds // 200))]
         measured["memory per byte"] = memory_per_byte(both["check"])
     print(json.dumps(measured))
 

@@ -47,6 +47,7 @@ class Measured:
         self.processes = processes["rounds"]
         self.sizes = {int(size): rounds for size, rounds in processes["sizes"].items()}
         self.layouts = processes["layouts"]
+        self.live, self.slow = processes["live"], processes["slow"]
         self.memory = processes["memory per byte"]
 
     def process_ratio(self, ours, peer):
@@ -101,6 +102,10 @@ def rows(measured):
            measured.growth_of_processes("check"))
     yield ("peak memory of a check of 100,000 tools", "the bytes of its files", "<4",
            [measured.memory])
+    yield ("`--check` with a live server", "a C program that sends it the same", "<1.3",
+           [times["live"] / times["least"] for times in measured.live])
+    yield ("asking 20 servers that take a second each", "asking one", "<2",
+           [times["twenty"] / times["one"] for times in measured.slow])
     for text in ("ascii", "prose", "no_ascii"):
         yield (f"UTF-8 validation, {text.replace('_', ' ')}", "utf8proc alone", None,
                ratio(f"utf8/find_ill_formed/{text}", f"utf8/utf8proc/{text}", 1_000_000))

@@ -18,7 +18,7 @@ namespace {
 using std::chrono::milliseconds;
 
 // How long a server may take to end by itself, and then once it was told to.
-constexpr milliseconds patience{500};
+constexpr milliseconds patience{100};
 constexpr milliseconds last_patience{1000};
 
 // Of one line.

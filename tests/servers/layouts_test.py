@@ -48,7 +48,7 @@ CATEGORIES = {
 # What no list shows of an answer: what is no part of what the server offers, and what every
 # input schema is.
 UNSEEN = {"$schema", "$id", "$comment", "$defs", "definitions", "icons", "_meta", "execution",
-          "id", "category", "conditions"}
+          "id", "category", "conditions", "serverInfo", "instructions"}
 
 
 def places(value, path=()):
