@@ -38,7 +38,9 @@ std::size_t fields(const json::Document& document) {
 // Their parameter tables alone.
 std::size_t tables(const json::Document& document) {
   const json::Document none("none", "{}");
-  return registry::answered_tools(json::Node(document), tesmo_sorvet::Tiers(json::Node(none)))
+  std::vector<json_schema::Fault> faults;
+  return registry::answered_tools(json::Node(document), tesmo_sorvet::Tiers(json::Node(none)),
+                                  faults)
       .in_order.size();
 }
 

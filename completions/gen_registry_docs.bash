@@ -3,10 +3,10 @@
 # The options that go with what stands before the word, less those that stand there already.
 _gen_registry_docs_options() {
   local given=" $* " options option
-  local sources='--root --registry --tools --save-tools --timeout'
+  local sources='--root --recursive --registry --tools --save-tools --timeout --offline --strict --jobs'
   case $given in
     *' --help '* | *' -h '* | *' --version '*) return ;;
-    *' --check '*) options="--diff --format --color --quiet $sources" ;;
+    *' --check '*) options="--diff --format --color --fail-on --quiet $sources" ;;
     *' --write '*) options="--exit-code --quiet $sources" ;;
     *' --list '* | *' --print-model '*) options=$sources ;;
     *' --print-layout '*) return ;;
@@ -28,7 +28,8 @@ _gen_registry_docs() {
   case $option in
     --root) wanted=(-d) ;;
     --registry | --tools | --save-tools) wanted=(-f) ;;
-    --timeout) wanted=(-W '') ;;
+    --timeout | --jobs) wanted=(-W '') ;;
+    --fail-on) wanted=(-W 'any breaking') ;;
     --print-layout) wanted=(-W 'count list prompts reference resources tool tools') ;;
     --format) wanted=(-W 'text json github') ;;
     --color) wanted=(-W 'auto always never') ;;

@@ -17,9 +17,18 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// How long a server may take to end by itself, and then once it was told to.
-constexpr milliseconds patience{100};
+// How long a server that has closed its output may take to end, since its status tells why;
+// and how long any may take once it was told to.
+constexpr milliseconds patience_for_status{500};
 constexpr milliseconds last_patience{1000};
+
+// How long one that has answered all may take to end by itself. Many wait for a signal though
+// their input is closed: a part of the time that it took before, so that this is no loss.
+milliseconds patience_with(std::chrono::steady_clock::duration taken) {
+  constexpr auto part = 32;
+  return std::clamp(std::chrono::duration_cast<milliseconds>(taken / part), milliseconds{5},
+                    patience_for_status);
+}
 
 // Of one line.
 constexpr std::size_t most_bytes = 1 << 28;
@@ -83,7 +92,7 @@ void Exchange::refuse(const std::string& expected, const std::string& reason) {
 // Nothing is the end of the output: how the server ends then tells why.
 void Exchange::take(std::string_view output) {
   if (stage_ != Stage::asking) return;
-  if (output.empty()) return leave();
+  if (output.empty()) return leave(patience_for_status);
   try {
     hear(output);
   } catch (const Mismatch& mismatch) {
@@ -96,7 +105,9 @@ void Exchange::hear(std::string_view output) {
   while (auto line = lines_.take()) {
     if (Clock::now() >= last_) throw Mismatch(late());
     conversation_.hear(std::move(*line));
-    if (conversation_.is_over()) return leave();
+    if (conversation_.is_over()) {
+      return leave(patience_with(server_->timeout - (last_ - Clock::now())));
+    }
   }
   if (lines_.size() > most_bytes) {
     throw Mismatch("an " + conversation_.awaited() + " of at most 256 MiB", "a longer line");
@@ -120,10 +131,10 @@ void Exchange::ring() {
   }
 }
 
-void Exchange::leave() {
+void Exchange::leave(std::chrono::milliseconds time) {
   stage_ = Stage::leaving;
   process_.close_input();
-  timer_.set(patience);
+  timer_.set(time);
 }
 
 void Exchange::terminate() {

@@ -41,7 +41,7 @@ class Exchange {
   void take(std::string_view output);
   void hear(std::string_view output);
   void ring();
-  void leave();
+  void leave(std::chrono::milliseconds time);
   void terminate();
   void fail(const std::string& message);
   void finish(const std::string& how);

@@ -167,7 +167,7 @@ class Driver(ExampleTest):
                 self.expect(2, "", message + "\n", self.root, *arguments.split())
         self.expect(0, f"gen_registry_docs {os.environ['VERSION']}\n", "", "/", "--version")
         text = subprocess.check_output([PROGRAM, "--check", "--help"]).decode()
-        self.assertIn("(--check | --write | --list) [OPTION]...\n", text)
+        self.assertIn("(--check | --write | --list) [OPTION]... [DIR]...\n", text)
         lines = text.splitlines()
         self.assertTrue(len(lines) < 24 and max(map(len, lines)) <= 80, "one screen")
         message = ("/: expected src/tesmo_sorvet/tool_registry.json or registry-docs.json here or in a "

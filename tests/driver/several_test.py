@@ -7,6 +7,8 @@ import subprocess
 import tempfile
 import unittest
 
+import jsonschema
+
 PROGRAM = os.environ["PROGRAM"]
 SERVER = pathlib.Path(__file__).parents[1] / "mcp_client/server.py"
 LIST = {"name": "list", "description": "Lists.", "annotations": {"destructiveHint": True}, "inputSchema": {
@@ -137,6 +139,7 @@ class Several(unittest.TestCase):
         self.assertEqual(said, f"To bring the blocks up to date, run:\n  {PROGRAM} --write\n")
         self.assertEqual(self.run_program("--check", "--fail-on", "breaking")[:2], (1, output))
         found = json.loads(self.run_program("--check", "--format", "json")[1])
+        jsonschema.Draft202012Validator(json.loads(pathlib.Path(os.environ["OUTPUT_SCHEMA"]).read_text())).validate(found)
         self.assertIn({"path": "docs/tools.json", "verdict": "compatible", "place": "tool drop", "what": "is new"},
                       found["changes"])
         self.assertIn("::notice file=docs/tools.json,line=1,title=compatible::tool drop: is new\n",

@@ -77,6 +77,7 @@ TEST_F(McpClient, StartsTheServerAsToldAndLetsItFinish) {
   Server server = scripted(
       "assert len(os.listdir('/proc/self/fd')) <= int(os.environ['FILES'])\n"
       "assert not signal.pthread_sigmask(signal.SIG_BLOCK, [])\n"
+      "signal.signal(signal.SIGTERM, signal.SIG_IGN)\n"
       "greet(); page(json.dumps([os.getcwd()]))\n"
       "print('x' * 5_000_000); open('last', 'w').write(sys.stdin.read())");
   server.command = "tools";
