@@ -19,19 +19,14 @@ Makes every list of a tool server's tools from its registry.
   --list           show every list with its file, line and state
   --print-layout NAME, --print-model   show a layout, and what layouts see
   --root DIR       the repository (default: the nearest, from here up); DIR...
-                   are several, and --recursive takes all below them as well
+                   names several, --recursive all below
   --registry FILE  the registry; "-" is standard input (default:
                    src/tesmo_sorvet/tool_registry.json, else registry-docs.json)
-  --tools FILE     a saved answer to tools/list, in place of asking the server
-    --save-tools FILE  write the answer down; --timeout SECONDS (default: 30)
-  --offline        start nothing: the snapshots take the place of the servers
-  --strict         what cannot be read of a schema is an error; --jobs N servers
-                   are asked at once (default: 32)
+  --offline        start no server, take the snapshots of their answers
+  --tools FILE     take a saved answer; --save-tools FILE writes it down
+  --timeout SECONDS for an answer (30); --jobs N servers at once (32)
+  --strict         a schema that cannot be read is an error, and no warning
   --quiet          print nothing but errors; --help; --version
-
-examples
-  gen_registry_docs --check --diff                    # what is out of date, how
-  gen_registry_docs --write --save-tools tools.json   # mend it, keep the answer
 
 exit status: 0  nothing to report: all current, or written
              1  problems found, a write refused because of one, or --exit-code
