@@ -87,6 +87,36 @@ def commands_of_layouts(build, directory):
             "document": [f"{build}/bench/parse_document", *files]}
 
 
+def offline(build, layouts):
+    """The check of those layouts from the snapshot of the answer."""
+    root = pathlib.Path(layouts["document"][1]).parent
+    (root / "registry-docs.json").write_text(json.dumps({
+        "files": [{"path": "README.md", "blocks": ["tools", "reference"]}],
+        "server": {"command": "none"}, "snapshot": "answer.json"}))
+    check = [f"{build}/gen_registry_docs", "--root", str(root), "--check", "--offline"]
+    return {"offline": check, "document": layouts["document"]}
+
+
+def recursion(build, directory):
+    """A check of all repositories below a directory, and of the same ones when they are named."""
+    top = pathlib.Path(directory, "sixty")
+    tools = [{"name": f"tool_{i}", "description": "Does it.", "inputSchema": {
+        "type": "object", "properties": {"a": {"type": "string", "description": "What"}}}} for i in range(20)]
+    roots = [top / f"server_{i:02}" for i in range(60)]
+    for root in roots:
+        (root / "src").mkdir(parents=True)
+        for i in range(30):
+            (root / "src" / f"{i}.ts").touch()
+        (root / "registry-docs.json").write_text(json.dumps({
+            "tools": tools, "files": [{"path": "README.md", "blocks": ["tools", "reference"]}]}))
+        (root / "README.md").write_text("".join(
+            f"<!-- registry:{name} -->\n<!-- /registry:{name} -->\n" for name in ("tools", "reference")))
+    program = f"{build}/gen_registry_docs"
+    subprocess.run([program, "--write", "--quiet", "--recursive", str(top)], check=True)
+    return {"recursive": [program, "--check", "--recursive", str(top)],
+            "named": [program, "--check", *map(str, roots)]}
+
+
 def asking(build, directory):
     """A live check and the least that asking its server can cost; and servers that take a second
     before they answer, one and twenty."""
@@ -96,13 +126,13 @@ def asking(build, directory):
     (root / "README.md").write_text("<!-- registry:count -->\n<!-- /registry:count -->\n")
     (root / "registry-docs.json").write_text(json.dumps({
         "files": [{"path": "README.md", "blocks": ["count"]}],
-        "server": {"command": server[0], "args": [*server[1:], "0"]}}))
+        "server": {"command": server[0], "args": [*server[1:], "0.3"]}}))
     requests = root / "requests"
     check = [f"{build}/gen_registry_docs", "--root", str(root), "--check"]
     subprocess.run([*check[:-1], "--write"], check=True, stdout=subprocess.DEVNULL,
                    env={**os.environ, "REQUESTS": str(requests)})
     several = f"{build}/bench/bench_ask_servers"
-    live = {"live": check, "least": [f"{build}/bench/ask_once", str(requests), *server, "0"]}
+    live = {"live": check, "least": [f"{build}/bench/ask_once", str(requests), *server, "0.3"]}
     slow = {"one": [several, "1", *server, "1"], "twenty": [several, "20", *server, "1"]}
     return live, slow
 
@@ -128,6 +158,10 @@ def main():
             measured["sizes"][size] = [round_of(both, results) for _ in range(count)]
         layouts = commands_of_layouts(build, directory)
         measured["layouts"] = [round_of(layouts, results) for _ in range(rounds)]
+        kept = offline(build, layouts)
+        measured["offline"] = [round_of(kept, results) for _ in range(rounds)]
+        below = recursion(build, directory)
+        measured["recursive"] = [round_of(below, results) for _ in range(rounds)]
         live, slow = asking(build, directory)
         measured["live"] = [round_of(live, results)
                             for _ in range(max(5, rounds // 10))]

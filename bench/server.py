@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A server of no tools that takes so many seconds before its first answer. What it is sent is
+"""A server of one tool that takes so many seconds before its first answer. What it is sent is
 written to the file of the variable REQUESTS, if there is one, as ask_once reads it.
 
 usage: server.py SECONDS
@@ -19,5 +19,5 @@ for line in sys.stdin:
             file.write(line if "id" in message else "-" + line)
     if "id" in message:
         time.sleep(float(sys.argv[1]) if message["id"] == 1 else 0)
-        result = {"protocolVersion": "2025-11-25", "capabilities": {"tools": {}}, "tools": []}
+        result = {"protocolVersion": "2025-11-25", "capabilities": {"tools": {}}, "tools": [{"name": "wait", "inputSchema": {"type": "object"}}]}
         print(json.dumps({"jsonrpc": "2.0", "id": message["id"], "result": result}), flush=True)
