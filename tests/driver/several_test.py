@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import resource
 import subprocess
 import tempfile
 import unittest
@@ -159,6 +160,17 @@ class Several(unittest.TestCase):
                        "write makes it anew\n")
             self.expect((2, "", message), "--write")
             self.assertEqual((self.root / path).read_text(), text)
+
+    def test_a_snapshot_that_cannot_be_written_whole_is_not_there(self):
+        self.declare(["count"], server=server(LIST), snapshot="tools.json")
+        self.run_program("--write")
+        (self.root / "tools.json").unlink()
+        limit = (100, 100)
+        done = subprocess.run([PROGRAM, "--write"], cwd=self.root, check=False, capture_output=True, text=True,
+                              preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, limit))
+        self.assertEqual((done.returncode, done.stdout), (2, ""))
+        self.assertEqual(done.stderr, f"{self.root}/tools.json: File too large\n")
+        self.assertFalse((self.root / "tools.json").exists())
 
     def test_nothing_is_emptied_by_accident(self):
         (self.root / "own.mustache").write_text("{{#tools}}{{name}}{{/tools}}")

@@ -88,6 +88,7 @@ struct Server {
   std::string_view version = {};
   std::string_view instructions = {};
   std::string_view website = {};
+  std::string_view description = {};
 };
 
 // Whether any tool has something to show.

@@ -92,7 +92,8 @@ Server server_of(const Node& answer) {
           .title = text_of(info, "title"),
           .version = text_of(info, "version"),
           .instructions = text_of(answer, "instructions"),
-          .website = text_of(info, "websiteUrl")};
+          .website = text_of(info, "websiteUrl"),
+          .description = text_of(info, "description")};
 }
 
 Tool tool_of(const Node& entry) {

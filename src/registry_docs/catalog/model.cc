@@ -321,7 +321,7 @@ View resource_view(const Resource& resource) { return View::object(resource_type
 constexpr std::array server_members = {
     member<&Server::name>("name"),       member<&Server::title>("title"),
     member<&Server::version>("version"), member<&Server::instructions>("instructions"),
-    member<&Server::website>("website"),
+    member<&Server::website>("website"), member<&Server::description>("description"),
 };
 constexpr ObjectType server_type = {.name = "server", .members = server_members};
 

@@ -57,6 +57,7 @@ void compare_servers(const Server& before, const Server& after, Teller teller) {
   teller.tell_name("version", before.version, after.version);
   teller.tell_text("instructions", before.instructions, after.instructions);
   teller.tell_name("website", before.website, after.website);
+  teller.tell_text("description", before.description, after.description);
 }
 
 // Whether two entries of which nothing, or not all, is told say different things.
