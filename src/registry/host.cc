@@ -7,11 +7,9 @@
 #include "json/node.h"
 #include "registry/documents.h"
 #include "registry/faults.h"
-#include "registry/product.h"
+#include "registry/general_host.h"
 #include "registry/snapshot.h"
 #include "registry/snapshot_file.h"
-#include "registry/tools.h"
-#include "registry_docs/catalog/entries.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
@@ -20,22 +18,9 @@ namespace {
 
 using json::Document;
 using json::Node;
-using registry_docs::FileDeclaration;
 using registry_docs::GeneratedFile;
-using tesmo_sorvet::Declarations;
-using tesmo_sorvet::Tiers;
-using tesmo_sorvet::Tools;
 
 bool is_of_layout(const Block& block) { return !block.layout.empty(); }
-
-// The blocks that the first host has as well.
-FileDeclaration declaration_of(const File& file) {
-  FileDeclaration declaration{.path = file.path, .blocks = {}, .encoding = file.encoding};
-  for (const Block& block : file.blocks) {
-    if (!is_of_layout(block)) declaration.blocks.push_back(block.name);
-  }
-  return declaration;
-}
 
 // What one source's server offers: its answer, or what the registry document declares.
 struct Offer {
@@ -43,46 +28,6 @@ struct Offer {
   std::shared_ptr<Document> answer;          // null: the registry declares the tools itself
   std::optional<std::string> snapshot = {};  // the text that is to be kept
 };
-
-// The server's own title or name, where a sentence of a block can hold it.
-std::string answered_name(const Offer& offer) {
-  if (!offer.answer) return {};
-  const auto server = registry_docs::catalog::server_of(Node(*offer.answer));
-  const std::string_view name = server.title.empty() ? server.name : server.title;
-  return is_phrase(name) ? std::string(name) : std::string();
-}
-
-registry_docs::Product product_of(const Repository& repository, const Offer& offer) {
-  registry_docs::Product product = repository.product;
-  const auto declared = Node(*repository.registry).find("product");
-  const bool is_named = declared && declared->find("name");
-  std::string name = is_named ? std::string() : answered_name(offer);
-  if (!name.empty()) product.name = std::move(name);
-  return product;
-}
-
-// The host whose blocks are those that the first one has as well.
-registry_docs::Host general_host(const Repository& repository, const Offer& offer,
-                                 std::vector<json_schema::Fault>& faults) {
-  const Node registry(*repository.registry);
-  Tiers tiers(registry);
-  Tools tools = offer.answer ? answered_tools(Node(*offer.answer), tiers, faults)
-                             : declared_tools(registry, tiers, faults);
-  auto routes = tesmo_sorvet::routes(registry);
-  auto frameworks = tesmo_sorvet::endpoint_frameworks(registry);
-  if (offer.answer) add_declared(registry, tiers, tools);
-  registry_docs::Host host = tesmo_sorvet::host_of(
-      std::make_shared<const Declarations>(Declarations{{repository.registry, offer.answer},
-                                                        std::move(tiers),
-                                                        std::move(tools),
-                                                        std::move(routes),
-                                                        std::move(frameworks)}));
-  host.PRODUCT = product_of(repository, offer);
-  host.FILES.clear();
-  std::ranges::transform(repository.files, std::back_inserter(host.FILES), declaration_of);
-  tesmo_sorvet::add_rules_text(host, repository.root);
-  return host;
-}
 
 bool has_block(const Repository& repository, bool (*is_meant)(const Block&)) {
   return std::ranges::any_of(repository.files, [is_meant](const File& file) {
@@ -109,7 +54,7 @@ class Binder {
     }
     if (has_block(repository_, [](const Block& block) { return !is_of_layout(block); })) {
       bound_.host = std::make_shared<const registry_docs::Host>(
-          general_host(repository_, offers_.front(), faults));
+          general_host(repository_, offers_.front().answer, faults));
       require_tools();
     }
     for (std::string& line : warnings_of(faults)) add_warning(std::move(line));
