@@ -20,12 +20,12 @@ namespace registry_docs::markdown {
 // block is a code span. Nothing for a text of white space alone.
 void append_inline(std::string& to, std::string_view text);
 
-// As lines of their own, with one blank line between every two paragraphs or fenced blocks. The
-// first stands where `to` ends: where a block can begin, or behind a text, which a fenced block
-// does not follow on its line. A line that begins as one of a list does, or after what ends a
-// sentence, begins one for the reader; lines that were only wrapped do not. What is indented
-// more than the lines around it is so for the reader. Each line but the first stands behind
-// `indent`; no line feed follows the last.
+// As lines of their own, with one blank line between every two paragraphs or fenced blocks.
+// The first stands where `to` ends: where a block can begin, or behind a text, which a fenced
+// block does not follow on its line. A line that begins as one of a list does, or after what
+// ends a sentence, begins one for the reader; lines that were only wrapped do not. What is
+// indented more than the lines around it is so for the reader. Each line but the first stands
+// behind `indent`; no line feed follows the last.
 void append_blocks(std::string& to, std::string_view text, std::string_view indent);
 
 // The text as one code span; a line break, with the blanks around it, is a blank. HTML where

@@ -23,8 +23,8 @@ std::string decoded(const std::filesystem::path& path, std::string bytes);
 void rewrite(const std::filesystem::path& path, std::string_view old_bytes,
              std::string_view text);
 
-// Makes a file, which must not be there, of the text. One that cannot be written whole is taken
-// away again. Returns when the disk holds the text. Throws FileError.
+// Makes a file, which must not be there, of the text. One that cannot be written whole is
+// taken away again. Returns when the disk holds the text. Throws FileError.
 void make(const std::filesystem::path& path, std::string_view text);
 
 }  // namespace registry_docs::repository
