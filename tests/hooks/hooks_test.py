@@ -25,15 +25,25 @@ HOOKS = {  # the hook, where the example stands, what is changed and left, and w
 }
 UNBUILT = {  # the tools that are found where there is no source, and what was expected and found
     "g++ ninja": "the tools to build it with, found some missing; "
-                 "sudo apt-get install cmake pkg-config libutf8proc-dev\n",
+                 "sudo apt-get install cmake pkg-config libutf8proc-dev libuv1-dev\n",
     "g++ ninja cmake pkg-config": "to be built in {0}, found:\n"
                                   "CMake Error: Could not read presets from {0}: File not found\n",
 }
+FORK = ("github.event.pull_request.head.repo.full_name != "
+        "github.event.pull_request.base.repo.full_name")
 ACTION = {  # the inputs, where the example stands, what is changed, the exit status, what is said
     "current": ({}, ".", CURRENT, 0, ""),
     "root": ({"root": "$(its) server"}, "$(its) server", STALE, 1, "file=$(its) server/README.md"),
     "registry": ({"registry": "$(no).json"}, ".", CURRENT, 2, "$(no).json: No such file"),
+    "a server": ({"registry": "asked.json"}, ".", CURRENT, 2, "./absent: expected a program that can be started"),
+    "a server of a fork": ({"registry": "asked.json", FORK: "true"}, ".", CURRENT, 2,
+                           "server: expected a snapshot beside the server"),
+    "a fork that is trusted": ({"registry": "asked.json", FORK: "true", "offline": "false"}, ".", CURRENT, 2,
+                               "./absent: expected a program that can be started"),
+    "told not to ask": ({"registry": "asked.json", "offline": "true"}, ".", CURRENT, 2,
+                        "server: expected a snapshot beside the server"),
 }
+ASKED = '{"server": {"command": "./absent"}, "files": [{"path": "README.md", "blocks": ["readme-tools"]}]}'
 RUN_HOOK = ["pre-commit", "run", "--all-files", "--color=never"]
 RUN_STEP = ["bash", "--noprofile", "--norc", "-eo", "pipefail", "-c"]
 CAPTURED = {"capture_output": True, "text": True}
@@ -87,8 +97,10 @@ class Hooks(unittest.TestCase):
     def test_action(self):
         action = yaml.safe_load((self.clone / "action.yml").read_text())
         for name, (inputs, where, change, status, said) in ACTION.items():
-            inputs = {key: each["default"] for key, each in action["inputs"].items()} | inputs
+            inputs = {FORK: "false"} | {
+                key: each["default"] for key, each in action["inputs"].items()} | inputs
             made = self.repository(CHECK, where, change)
+            (made / "asked.json").write_text(ASKED)
             runner = {**os.environ, "GITHUB_WORKSPACE": made, "GITHUB_ACTION_PATH": self.clone}
             for step in action["runs"]["steps"]:
                 kinds = action["runs"]["using"], step["shell"], "${{" in step["run"]
