@@ -59,12 +59,19 @@ std::vector<fs::path> roots_of(const Options& options) {
     }
     const auto found = registry::find_registries(directory);
     if (found.empty()) {
-      throw UsageError(directory.string() + ": expected " + registry::registry_path +
-                       " in it or below, found none");
+      throw UsageError(directory.string() + ": expected " + registry::registry_path + " or " +
+                       tesmo_sorvet::registry_path + " in it or below, found none");
     }
     std::ranges::transform(found, std::back_inserter(roots), seen_from_here);
   }
   return roots;
+}
+
+void require_registry(const fs::path& root, const Options& options) {
+  if (options.registry || registry::find_registry(root)) return;
+  throw UsageError((root.empty() ? fs::path(".") : root).string() + ": expected " +
+                   registry::registry_path + " or " + tesmo_sorvet::registry_path +
+                   " in it, found neither");
 }
 
 // For the largest file that one check may read.
@@ -100,7 +107,9 @@ class Opener {
       ready_heap(workspace_.root, options_);
       add(workspace_.root, {});
     } else {
-      for (const fs::path& root : roots_of(options_)) add(root, root);
+      for (const fs::path& root : roots_of(options_)) {
+        if (attempt([&] { require_registry(root, options_); })) add(root, root);
+      }
     }
     answer_all();
     if (options_.save_tools) save_answer();

@@ -62,9 +62,21 @@ std::optional<std::string> snapshot_of(const MaybeNode& declared) {
   return path_in_repository(*declared);
 }
 
+// Refuses several servers by name, as clients' files hold them, in the place of one.
+void require_one_server(const Node& declared) {
+  declared.for_each_member([&](std::string_view name, const Node& member) {
+    const bool is_object = member.kind() == Kind::object;
+    if (name == "mcpServers" || (is_object && name != "env" && member.find("command"))) {
+      declared.refuse(R"("servers" in its place, which holds servers by name)",
+                      registry_docs::in_quotes(registry_docs::visible(name)));
+    }
+  });
+}
+
 // Looks at how a server is declared, whether it will be asked or not.
 void require_server(const Node& declared, const std::filesystem::path& root) {
   if (declared.kind() == Kind::string) return;  // of a file that is read when it is asked
+  require_one_server(declared);
   require_known_members(declared, with(server_members(), {"url"}));
   server(declared, "", root, Variables::kept);
 }

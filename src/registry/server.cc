@@ -128,6 +128,11 @@ class Reader {
 Server clients_server(const Node& name, const std::filesystem::path& root,
                       Variables variables) {
   const std::filesystem::path path = root / clients_file;
+  std::error_code failure;
+  if (!std::filesystem::exists(path, failure)) {
+    name.refuse("a server of " + std::string(clients_file) + ", or an object with its command",
+                "no such file");
+  }
   const json::Document document(
       path.string(), registry_docs::read_bytes(path, registry_docs::FileKind::regular));
   const Node entries = Node(document).at("mcpServers");

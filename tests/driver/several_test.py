@@ -85,6 +85,18 @@ class Several(unittest.TestCase):
                 self.assertEqual(self.run_program("--write"), (2, "", message))
                 self.assertEqual((self.root / "README.md").read_text(), before)
 
+    def test_what_is_waited_for_at_a_terminal(self):
+        slow = {name: server(LIST, before="time.sleep(1.4)") for name in ("a", "b", "c", "d")}
+        self.declare(["a:count"], servers=slow)
+        ours, theirs = os.openpty()
+        done = subprocess.run([PROGRAM, "--write"], cwd=self.root, check=False, stdout=subprocess.DEVNULL,
+                              stderr=theirs, env={**os.environ, "TERM": "xterm"})
+        said = os.read(ours, 10_000).decode()
+        os.close(ours), os.close(theirs)
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("asking 4 servers: 0 have answered; waiting for a, b and 2 more", said)
+        self.assertTrue(said.endswith("\r\x1b[K"), said)
+
     def test_servers_of_the_clients_file_and_variables(self):
         self.save(".mcp.json", {"mcpServers": {"notes": server(
             before="assert sys.argv[2:] == ['a b', 'x', '${1}'] and os.environ['KEY'] == 'k-123'",
@@ -235,6 +247,7 @@ class Several(unittest.TestCase):
 
     def test_command_lines_that_are_refused(self):
         self.declare_two()
+        (self.root / "empty").mkdir()
         for arguments, message in {
                 "--check --root . .": "--root: expected no directory beside it, found '.'",
                 "--check --tools x . .": "--tools: expected one repository beside it, found several",
@@ -244,6 +257,8 @@ class Several(unittest.TestCase):
                 "--check --fail-on x": "--fail-on: expected any or breaking, found 'x'",
                 "--check --jobs 0": "--jobs: expected a number from 1 to 1000, found '0'",
                 "check": "'check': expected an option or a directory, perhaps --check, see --help",
+                "--check empty": "empty: expected registry-docs.json or src/tesmo_sorvet/tool_registry.json in it, "
+                                 "found neither",
                 "--check --tools README.md": "--tools: expected one server in the registry, found 2",
                 "--check --save-tools x.json": "--save-tools: expected one server in the registry, found 2",
                 "--check --offline": None}.items():
