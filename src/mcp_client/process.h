@@ -44,7 +44,7 @@ class Process {
 
  private:
   void spawn(const Server& server);
-  void listen(uv_pipe_t& pipe);
+  static void listen(uv_pipe_t& pipe);
   void hear();
   void take(uv_stream_t* from, ssize_t count, const char* bytes);
   void written(int failure);

@@ -154,13 +154,17 @@ Bound bind_first_host(const Repository& repository) {
   return bound;
 }
 
+[[noreturn]] void refuse_without_snapshot(const Node& declared) {
+  const std::string reason = "; --offline takes it in place of asking";
+  if (declared.kind() == json::Kind::object)
+    declared.refuse_lack("snapshot", "nothing" + reason);
+  declared.refuse("an object with a snapshot", "a name alone" + reason);
+}
+
 }  // namespace
 
 Answer kept_answer(const Repository& repository, const Source& source) {
-  if (!source.snapshot) {
-    source.declared.refuse(
-        "a snapshot beside the server, which --offline takes in place of asking", "none");
-  }
+  if (!source.snapshot) refuse_without_snapshot(source.declared);
   const std::filesystem::path path = repository.root / *source.snapshot;
   return {.name = path.string(),
           .json = registry_docs::read_bytes(path, registry_docs::FileKind::regular),

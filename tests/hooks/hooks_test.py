@@ -37,11 +37,11 @@ ACTION = {  # the inputs, where the example stands, what is changed, the exit st
     "registry": ({"registry": "$(no).json"}, ".", CURRENT, 2, "$(no).json: No such file"),
     "a server": ({"registry": "asked.json"}, ".", CURRENT, 2, "./absent: expected a program that can be started"),
     "a server of a fork": ({"registry": "asked.json", FORK: "true"}, ".", CURRENT, 2,
-                           "server: expected a snapshot beside the server"),
+                           "snapshot: expected this member to be given"),
     "a fork that is trusted": ({"registry": "asked.json", FORK: "true", "offline": "false"}, ".", CURRENT, 2,
                                "./absent: expected a program that can be started"),
     "told not to ask": ({"registry": "asked.json", "offline": "true"}, ".", CURRENT, 2,
-                        "server: expected a snapshot beside the server"),
+                        "snapshot: expected this member to be given"),
 }
 ASKED = '{"server": {"command": "./absent"}, "files": [{"path": "README.md", "blocks": ["readme-tools"]}]}'
 RUN_HOOK = ["pre-commit", "run", "--all-files", "--color=never"]
