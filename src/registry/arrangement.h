@@ -14,7 +14,7 @@ enum class Tools { declared, answered };
 // extras of "tools", and makes the groups of "groups" and "group_by". Refuses a tool of a
 // group, or of "tools" beside an answer, that is not in the catalog, and a tool that no group
 // holds. Borrows from the document.
-void arrange(const json::Node& registry, Tools tools,
+void arrange(const json::Node& registry, Tools which,
              registry_docs::catalog::Catalog& catalog);
 
 }  // namespace registry
