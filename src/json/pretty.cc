@@ -7,7 +7,7 @@ namespace json {
 void Pretty::name(std::string_view name) {
   begin_part();
   append_string(text_, name);
-  text_ += ": ";
+  text_ += spacing_.colon;
   is_named_ = true;
 }
 
@@ -54,13 +54,13 @@ void Pretty::close(char bracket) {
 // A name stands where its value would, and its value behind it.
 void Pretty::begin_part() {
   if (std::exchange(is_named_, false) || depth_ == 0) return;
-  if (!std::exchange(is_empty_, false)) text_ += ',';
+  if (!std::exchange(is_empty_, false)) text_ += spacing_.comma;
   begin_line();
 }
 
 void Pretty::begin_line() {
-  text_ += '\n';
-  text_.append(2 * depth_, ' ');
+  text_ += spacing_.line;
+  for (std::size_t level = 0; level < depth_; ++level) text_ += spacing_.level;
 }
 
 std::string pretty(const Node& value) {
