@@ -23,14 +23,17 @@ void Pretty::value(const Node& value) {
     open('[');
     value.for_each_element([this](const Node& element) { this->value(element); });
     close(']');
+  } else if (value.kind() == Kind::string) {
+    string(value.string());
   } else {
     begin_part();
-    if (value.kind() == Kind::string) {
-      append_string(text_, value.string());
-    } else {
-      text_ += value.spelling();
-    }
+    text_ += value.spelling();
   }
+}
+
+void Pretty::string(std::string_view text) {
+  begin_part();
+  append_string(text_, text);
 }
 
 std::string Pretty::take() && {

@@ -32,6 +32,7 @@ class Pretty {
   void open(Kind list) { open(list == Kind::array ? '[' : '{'); }
   void close(Kind list) { close(list == Kind::array ? ']' : '}'); }
   void name(std::string_view name);
+  void string(std::string_view text);
   // All of a value: members in order, numbers as they are spelled.
   void value(const Node& value);
 
