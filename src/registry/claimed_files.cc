@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "registry/claim_search.h"
@@ -13,6 +14,7 @@
 #include "registry/matching_files.h"
 #include "registry_docs/errors.h"
 #include "registry_docs/report.h"
+#include "registry_docs/repository/file.h"
 #include "registry_docs/text.h"
 #include "text/wildcard.h"
 
@@ -30,11 +32,20 @@ struct Expected {
   std::string pattern = {};  // of several files; empty for one
 };
 
+// What a text holds.
+struct Searched {
+  std::string text;
+  std::vector<Part> own_parts = {};
+  std::vector<FoundClaim> found = {};
+};
+
 struct ClaimedFile {
   Parts own_parts = {};  // what the file has beside the claims
   bool has_blocks = false;
   std::vector<std::size_t> claims = {};  // in order, each once
   std::vector<Expected> expected = {};
+  std::shared_ptr<const Searched> searched =
+      {};  // what it was found to hold, if it still does
 };
 
 using Search = std::shared_ptr<const ClaimSearch>;
@@ -61,10 +72,22 @@ std::string fault_of(const Expected& expected, const ClaimSearch& search) {
              : text + " in one of " + expected.pattern + ", found it in none";
 }
 
+Searched searched(const ClaimedFile& file, const ClaimSearch& search, std::string text) {
+  Searched made{.text = std::move(text)};
+  if (file.own_parts) made.own_parts = file.own_parts(made.text);
+  made.found =
+      search.find(made.text, file.claims, made_spans(file, made.text, made.own_parts));
+  return made;
+}
+
 std::vector<Part> parts_in(const ClaimedFile& file, const ClaimSearch& search,
                            std::string_view text) {
-  std::vector<Part> parts = file.own_parts ? file.own_parts(text) : std::vector<Part>();
-  const auto found = search.find(text, file.claims, made_spans(file, text, parts));
+  const bool is_known = file.searched && file.searched->text == text;
+  const auto in_text =
+      is_known ? file.searched
+               : std::make_shared<const Searched>(searched(file, search, std::string(text)));
+  std::vector<Part> parts = in_text->own_parts;
+  const auto& found = in_text->found;
   std::ranges::move(parts_of(search, found, text), std::back_inserter(parts));
   std::ranges::stable_sort(parts, {}, &Part::begin);
   for (const Expected& expected : file.expected) {
@@ -141,12 +164,15 @@ class Binder {
 
   // Of the file among all of the table, which it joins if it is not there.
   std::size_t place_of(const std::string& path) {
+    const auto known = paths_.find(path);
+    if (known != paths_.end()) return known->second;
     const auto [place, is_new] =
         places_.emplace(fs::weakly_canonical(repository_.root / path), files_.size());
     if (is_new) {
       files_.push_back({.path = path});
       files_.back().keeps_line_ends = true;
     }
+    paths_.emplace(path, place->second);
     return place->second;
   }
 
@@ -169,10 +195,10 @@ class Binder {
       }
     }
     const std::set<std::size_t> all = missing;
-    for (const auto& [file, claimed] : claimed_) {
+    for (auto& [file, claimed] : claimed_) {
       const auto is_missing = [&](std::size_t claim) { return missing.contains(claim); };
       if (std::ranges::none_of(claimed.claims, is_missing)) continue;
-      for (const std::size_t claim : found_in(file, claimed)) missing.erase(claim);
+      for (const std::size_t claim : found_in(files_[file], claimed)) missing.erase(claim);
     }
     for (auto& [file, claimed] : claimed_) {
       std::erase_if(claimed.expected, [&](const Expected& each) {
@@ -181,20 +207,19 @@ class Binder {
     }
   }
 
-  [[nodiscard]] std::vector<std::size_t> found_in(std::size_t file,
-                                                  const ClaimedFile& claimed) const {
-    const fs::path path = repository_.root / files_[file].path;
-    const std::string text = registry_docs::read_text(path);
+  // Keeps what is found, so that the report of the file need not look again.
+  std::vector<std::size_t> found_in(const GeneratedFile& file, ClaimedFile& claimed) const {
+    const fs::path path = repository_.root / file.path;
     std::vector<std::size_t> claims;
     try {
-      const auto own = claimed.own_parts ? claimed.own_parts(text) : std::vector<Part>();
-      for (const FoundClaim& each :
-           search_->find(text, claimed.claims, made_spans(claimed, text, own))) {
-        claims.push_back(each.claim);
-      }
+      claimed.searched = std::make_shared<const Searched>(
+          searched(claimed, *search_,
+                   file.keeps_line_ends ? registry_docs::repository::read_whole(path)
+                                        : registry_docs::read_text(path)));
     } catch (const registry_docs::ValueError&) {
-      // The report of the file will say so.
+      return claims;  // the report of the file will say why
     }
+    for (const FoundClaim& each : claimed.searched->found) claims.push_back(each.claim);
     return claims;
   }
 
@@ -210,7 +235,8 @@ class Binder {
   const Repository& repository_;
   ClaimFacts facts_;
   std::vector<GeneratedFile>& files_;
-  std::map<fs::path, std::size_t> places_ = {};  // of the files in the table
+  std::map<fs::path, std::size_t> places_ = {};              // of the files in the table
+  std::unordered_map<std::string, std::size_t> paths_ = {};  // the same, as claims have them
   std::map<std::size_t, ClaimedFile> claimed_ = {};
   Search search_ = {};
 };

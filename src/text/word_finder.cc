@@ -14,8 +14,13 @@ WordFinder::WordFinder(std::span<const std::string_view> words) {
   close();
 }
 
+void WordFinder::set_target(State state, std::size_t its_class, State target) {
+  Step& step = steps_[state * classes_ + its_class];
+  step.row = static_cast<std::uint32_t>(target * classes_) & 0x7FFF'FFFF;
+}
+
 WordFinder::State WordFinder::add_state() {
-  steps_.resize(steps_.size() + classes_, root);
+  steps_.resize(steps_.size() + classes_);
   ends_.emplace_back();
   return static_cast<State>(ends_.size() - 1);
 }
@@ -23,12 +28,9 @@ WordFinder::State WordFinder::add_state() {
 void WordFinder::add(std::string_view word, std::size_t index) {
   State state = root;
   for (const char c : word) {
-    const std::size_t step = state * classes_ + class_of_[static_cast<unsigned char>(c)];
-    if (steps_[step] == root) {
-      const State added = add_state();
-      steps_[step] = added;
-    }
-    state = steps_[step];
+    const std::size_t its_class = class_of_[static_cast<unsigned char>(c)];
+    if (target(state, its_class) == root) set_target(state, its_class, add_state());
+    state = target(state, its_class);
   }
   ends_[state].words.push_back(index);
   ends_[state].first = state;
@@ -43,19 +45,19 @@ void WordFinder::close() {
   for (std::size_t i = 0; i < states.size(); ++i) {
     const State state = states[i];
     for (std::size_t c = 0; c < classes_; ++c) {
-      State& step = steps_[state * classes_ + c];
-      const State behind = state == root ? root : steps_[fallback[state] * classes_ + c];
-      if (step == root) {
-        step = behind;
+      const State to = target(state, c);
+      const State behind = state == root ? root : target(fallback[state], c);
+      if (to == root) {
+        set_target(state, c, behind);
         continue;
       }
-      fallback[step] = behind;
-      Ends& ends = ends_[step];
-      ends.shorter = ends_[behind].first;
-      if (ends.words.empty()) ends.first = ends.shorter;
-      states.push_back(step);
+      fallback[to] = behind;
+      ends_[to].shorter = ends_[behind].first;
+      if (ends_[to].words.empty()) ends_[to].first = ends_[to].shorter;
+      states.push_back(to);
     }
   }
+  for (Step& step : steps_) step.ends_word = ends_[step.row / classes_].first != root;
 }
 
 }  // namespace text
