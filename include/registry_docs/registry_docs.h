@@ -37,9 +37,15 @@ struct Part {
   std::size_t begin = 0;  // a byte offset in the text
   std::size_t end = 0;
   std::string text = {};  // what is to stand there
+  // Why a person has to mend what stands there, a sentence for messages; then no text is ever
+  // written there.
+  std::string fault = {};
+  bool has_place =
+      true;  // it is not missing from the text; what is has a fault, and comes last
 };
 
-// The parts of a file's text in order, none within another or within a block's body.
+// The parts of a file's text in order, none within another or within a block's body. Throws
+// ValueError for a text that has none; the message, from its colon on, stands behind the path.
 using Parts = std::function<std::vector<Part>(std::string_view text)>;
 
 // A file of the repository that holds generated blocks or parts.
@@ -50,6 +56,8 @@ struct GeneratedFile {
   std::vector<std::pair<std::string, Renderer>> blocks = {};
   Encoder encode = [](std::string block) { return block; };
   Parts parts = {};
+  // Where it has parts alone: they are made for, and a write keeps, the line ends of the file.
+  bool keeps_line_ends = false;
   // Taken for empty where it is absent, and made by a write.
   bool may_be_absent = false;
   // Beginnings of names: blocks of such names are not looked at, since nothing is known of

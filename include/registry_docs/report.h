@@ -16,39 +16,43 @@ namespace registry_docs {
 enum class BlockState {
   current,
   stale,     // its body differs from what the registry renders now
-  failed,    // its renderer raised a ValueError
+  failed,    // its renderer raised a ValueError, or what stands there is not to be written
   missing,   // declared, and not in the file
   unknown,   // in the file, and not declared
   repeated,  // in the file more than once
 };
 
-// A block of a file. One that stands there more than once is reported once for each time.
+// A block of a file, or a part of it that stands between no markers. One that stands there
+// more than once is reported once for each time.
 struct BlockReport {
   std::string name;
   BlockState state = BlockState::current;
-  std::size_t line = 0;       // of its opening marker, counted from 1; 0: it is missing
+  std::size_t line = 0;       // of its opening marker, counted from 1; 0: it is not there
   std::size_t last_line = 0;  // of its closing marker; when missing, of the block in the file
                               // that comes before it in the declared order; 0 where there
                               // is none, or more stands in that line
   std::size_t begin = 0;      // of its body, a byte offset in the file's text
   std::size_t end = 0;
   std::string rendered = {};  // of a stale block: the body that a write would write
+  std::string fault = {};     // of a failed part: what a person has to mend, a sentence
 };
 
 enum class FileState {
   current,
   stale,          // a block's body differs
   wrong_markers,  // it does not hold exactly the declared blocks, and cannot be written
-  failed,         // a renderer raised a ValueError
+  failed,         // a renderer raised a ValueError, or a part has a fault
 };
 
 struct FileReport {
   std::string path;  // as the table declares it
   FileState state = FileState::current;
-  std::vector<BlockReport> blocks = {};    // as they stand in the file, then the missing ones
+  std::vector<BlockReport> blocks = {};  // as they stand in the file, then the missing ones;
+                                         // no parts where the markers are wrong
   std::vector<std::string> declared = {};  // the names of the blocks that it shall hold
   std::string problem = {};                // the line of stale_blocks; empty when current
-  std::string text = {};                   // the file's text, with line feeds
+  std::string text = {};                   // the file's text, with line feeds if not
+  bool keeps_line_ends = false;            // with its own line ends
   bool is_new = false;                     // there is no such file yet
 };
 
@@ -76,9 +80,9 @@ std::vector<FileReport> report(const Host& host, const std::filesystem::path& ro
 std::string new_text(const FileReport& file);
 
 // Makes the files what they were reported to become, each of which is current or stale: those
-// whose text differs now are rewritten, in place and with line feeds as line endings. Returns
-// their paths in order. Throws FileError for a file that cannot be written: that file holds
-// its old text and the files before it their new one.
+// whose text differs now are rewritten, in place and with line feeds as line endings, if they
+// do not keep their own. Returns their paths in order. Throws FileError for a file that cannot
+// be written: that file holds its old text and the files before it their new one.
 std::vector<std::string> write_files(std::span<const FileReport> files,
                                      const std::filesystem::path& root);
 

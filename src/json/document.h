@@ -83,6 +83,7 @@ class Document {
   ~Document() = default;
 
   [[nodiscard]] const std::string& name() const { return name_; }
+  [[nodiscard]] std::string_view json() const { return json_; }  // a NUL stands behind it
   [[nodiscard]] const Token& root() const { return tokens_.front(); }
 
   // Lets go of the list of values. The texts that were taken from it stay.

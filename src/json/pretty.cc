@@ -7,7 +7,7 @@ namespace json {
 void Pretty::name(std::string_view name) {
   begin_part();
   append_string(text_, name);
-  text_ += ": ";
+  text_ += spacing_.colon;
   is_named_ = true;
 }
 
@@ -23,14 +23,17 @@ void Pretty::value(const Node& value) {
     open('[');
     value.for_each_element([this](const Node& element) { this->value(element); });
     close(']');
+  } else if (value.kind() == Kind::string) {
+    string(value.string());
   } else {
     begin_part();
-    if (value.kind() == Kind::string) {
-      append_string(text_, value.string());
-    } else {
-      text_ += value.spelling();
-    }
+    text_ += value.spelling();
   }
+}
+
+void Pretty::string(std::string_view text) {
+  begin_part();
+  append_string(text_, text);
 }
 
 std::string Pretty::take() && {
@@ -54,13 +57,13 @@ void Pretty::close(char bracket) {
 // A name stands where its value would, and its value behind it.
 void Pretty::begin_part() {
   if (std::exchange(is_named_, false) || depth_ == 0) return;
-  if (!std::exchange(is_empty_, false)) text_ += ',';
+  if (!std::exchange(is_empty_, false)) text_ += spacing_.comma;
   begin_line();
 }
 
 void Pretty::begin_line() {
-  text_ += '\n';
-  text_.append(2 * depth_, ' ');
+  text_ += spacing_.line;
+  for (std::size_t level = 0; level < depth_; ++level) text_ += spacing_.level;
 }
 
 std::string pretty(const Node& value) {

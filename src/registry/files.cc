@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <iterator>
-#include <set>
+#include <map>
 #include <string_view>
 #include <variant>
 
@@ -45,20 +45,6 @@ bool is_relative(std::string_view path) {
     at = end + 1;
   }
   return true;
-}
-
-// The place behind all links of a file under the root; refuses one outside it.
-fs::path real_path(const json::Node& declared, const fs::path& root) {
-  std::error_code failure;
-  const fs::path top = fs::weakly_canonical(root, failure);
-  fs::path path = fs::weakly_canonical(root / declared.string(), failure);
-  if (failure) return root / declared.string();  // reading it will say why
-  const auto [end, rest] = std::ranges::mismatch(top, path);
-  if (end != top.end()) {
-    declared.refuse("a file of the repository",
-                    "a link to " + registry_docs::visible(path.string()));
-  }
-  return path;
 }
 
 bool is_layout(std::string_view name) {
@@ -212,7 +198,41 @@ File file_of(const json::Node& declared, const Names& choices,
   return file;
 }
 
+File file_of_member(const json::Node& declared, const std::vector<std::string>& servers) {
+  FileMember member = file_member(declared, servers);
+  return {.path = path_in_repository(declared.at("path")), .members = {std::move(member)}};
+}
+
+// Adds the member of another entry for the same file.
+void add_member(File& file, File&& other, const json::Node& declared) {
+  const json::Node path = declared.at("path");
+  if (file.members.empty() || other.members.empty()) {
+    path.refuse("distinct files", registry_docs::in_quotes(path.string()) + " again");
+  }
+  FileMember& member = other.members.front();
+  for (const FileMember& each : file.members) {
+    if (are_apart(each.pointer, member.pointer)) continue;
+    declared.at("member").refuse("distinct members of " + file.path,
+                                 registry_docs::in_quotes(member.pointer) + " beside " +
+                                     registry_docs::in_quotes(each.pointer));
+  }
+  file.members.push_back(std::move(member));
+}
+
 }  // namespace
+
+fs::path real_path(const json::Node& declared, const fs::path& root) {
+  std::error_code failure;
+  const fs::path top = fs::weakly_canonical(root, failure);
+  fs::path path = fs::weakly_canonical(root / declared.string(), failure);
+  if (failure) return root / declared.string();  // reading it will say why
+  const auto [end, rest] = std::ranges::mismatch(top, path);
+  if (end != top.end()) {
+    declared.refuse("a file of the repository",
+                    "a link to " + registry_docs::visible(path.string()));
+  }
+  return path;
+}
 
 std::string path_in_repository(const json::Node& declared) {
   if (!is_relative(declared.string())) {
@@ -231,12 +251,16 @@ std::vector<File> files(const json::Node& registry, const registry_docs::Product
   }
   const Names names = choices(product);
   std::vector<File> found;
-  std::set<fs::path> places;
-  declared->for_each_element([&](const json::Node& file) {
-    found.push_back(file_of(file, names, servers));
-    const json::Node path = file.at("path");
-    if (!places.insert(real_path(path, root)).second) {
-      path.refuse("distinct files", registry_docs::in_quotes(path.string()) + " again");
+  std::map<fs::path, std::size_t> places;
+  declared->for_each_element([&](const json::Node& entry) {
+    const bool is_member = entry.find("member").has_value();
+    File file = is_member ? file_of_member(entry, servers) : file_of(entry, names, servers);
+    const auto [place, is_new] =
+        places.emplace(real_path(entry.at("path"), root), found.size());
+    if (is_new) {
+      found.push_back(std::move(file));
+    } else {
+      add_member(found[place->second], std::move(file), entry);
     }
   });
   if (found.empty()) declared->refuse("at least one file", "none");

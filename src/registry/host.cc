@@ -5,6 +5,7 @@
 
 #include "json/document.h"
 #include "json/node.h"
+#include "registry/claimed_files.h"
 #include "registry/documents.h"
 #include "registry/faults.h"
 #include "registry/general_host.h"
@@ -35,6 +36,11 @@ bool has_block(const Repository& repository, bool (*is_meant)(const Block&)) {
   });
 }
 
+bool has_members(const Repository& repository) {
+  return std::ranges::any_of(repository.files,
+                             [](const File& file) { return !file.members.empty(); });
+}
+
 // Binds a repository of the general form.
 class Binder {
  public:
@@ -46,7 +52,8 @@ class Binder {
   }
 
   Bound bind() {
-    const bool has_layouts = has_block(repository_, is_of_layout);
+    const bool has_layouts = has_block(repository_, is_of_layout) ||
+                             has_members(repository_) || !repository_.claims.empty();
     std::vector<json_schema::Fault> faults;
     for (const Offer& offer : offers_) {
       if (has_layouts || repository_.files.empty()) add_layouts(offer);
@@ -60,6 +67,7 @@ class Binder {
     for (std::string& line : warnings_of(faults)) add_warning(std::move(line));
     for (const File& file : repository_.files) add_file(file);
     std::ranges::move(snapshots_, std::back_inserter(bound_.files));
+    add_claims(repository_, catalogs(), bound_.files);
     return std::move(bound_);
   }
 
@@ -120,6 +128,10 @@ class Binder {
   // The blocks in their order, whoever makes them.
   void add_file(const File& declared) {
     GeneratedFile file{.path = declared.path};
+    if (!declared.members.empty()) {
+      if (add_members(declared, file)) bound_.files.push_back(std::move(file));
+      return;
+    }
     for (const Block& block : declared.blocks) {
       if (is_of_layout(block)) {
         add_layout_block(block, declared.path, file);
@@ -133,9 +145,34 @@ class Binder {
     bound_.files.push_back(std::move(file));
   }
 
+  // Says whether any of the members is of a server that something is known of.
+  bool add_members(const File& declared, GeneratedFile& file) {
+    std::vector<MadeMember> made;
+    for (const FileMember& member : declared.members) {
+      const LayoutBlocks* const layouts = layouts_of(member.server);
+      if (layouts == nullptr) continue;
+      if (member.of == Offered::tools) layouts->require_tools(declared.path);
+      made.push_back(made_member(member, layouts->catalog()));
+    }
+    file.keeps_line_ends = true;
+    if (!made.empty()) file.parts = parts_of(std::move(made));
+    return static_cast<bool>(file.parts);
+  }
+
+  [[nodiscard]] ClaimFacts::Catalogs catalogs() const {
+    ClaimFacts::Catalogs all;
+    for (const auto& each : bound_.layouts) all.emplace_back(each->name(), &each->catalog());
+    return all;
+  }
+
+  LayoutBlocks* layouts_of(const std::string& server) {
+    const auto found = std::ranges::find(bound_.layouts, server, &LayoutBlocks::name);
+    return found == bound_.layouts.end() ? nullptr : found->get();
+  }
+
   void add_layout_block(const Block& block, const std::string& path, GeneratedFile& file) {
-    for (const auto& layouts : bound_.layouts) {
-      if (layouts->name() == block.server) return layouts->add_block(block, path, file.blocks);
+    if (LayoutBlocks* const layouts = layouts_of(block.server)) {
+      return layouts->add_block(block, path, file.blocks);
     }
     file.left_out.push_back(block.server + ":");
   }

@@ -56,9 +56,8 @@ std::vector<std::string> LayoutBlocks::warnings() const { return warnings_of(fau
 
 // An answer without tools is more often a server that lacks something than one that offers
 // none, and would empty the list.
-void LayoutBlocks::require_tools(const registry_docs::layouts::Template& layout,
-                                 const std::string& path) const {
-  if (!answer_ || !catalog_.tools.empty() || !shows_tools(layout)) return;
+void LayoutBlocks::require_tools(const std::string& path) const {
+  if (!answer_ || !catalog_.tools.empty()) return;
   Node(*answer_).at("tools").refuse("at least one tool, since " + path + " lists them",
                                     "none");
 }
@@ -67,7 +66,7 @@ void LayoutBlocks::add_block(
     const Block& block, const std::string& path,
     std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks) {
   const auto& layout = layouts_.get(block.layout);
-  require_tools(layout, path);
+  if (shows_tools(layout)) require_tools(path);
   Model::Block shown{.name = block.name,
                      .heading = block.heading,
                      .reference = link_between(path, reference_)};

@@ -34,6 +34,10 @@ class LayoutBlocks {
 
   [[nodiscard]] const registry_docs::catalog::Catalog& catalog() const { return catalog_; }
 
+  // For a list of tools in the file at `path`. Throws InputError where the server answered
+  // none.
+  void require_tools(const std::string& path) const;
+
   // Adds the block of the file at `path`, or the blocks that its name stands for. Their
   // renderers borrow this. Throws InputError for a template that is none, and for one of tools
   // where the server answered none; FileError for a template that cannot be read.
@@ -41,9 +45,6 @@ class LayoutBlocks {
                  std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks);
 
  private:
-  void require_tools(const registry_docs::layouts::Template& layout,
-                     const std::string& path) const;
-
   std::string name_;
   std::shared_ptr<json::Document> registry_;
   std::shared_ptr<json::Document> answer_;

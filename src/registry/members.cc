@@ -19,4 +19,15 @@ void require_known_members(const json::Node& object, std::span<const std::string
   });
 }
 
+std::optional<std::string> server_among(const json::Node& declared,
+                                        const std::vector<std::string>& servers) {
+  const json::MaybeNode given = declared.find("server");
+  if (!given) return std::nullopt;
+  const std::string name(given->string());
+  if (std::ranges::find(servers, name) != servers.end()) return name;
+  given->refuse(servers.empty() ? "no server to be named where there is one"
+                                : "one of the servers " + text::join(servers, ", "),
+                registry_docs::in_quotes(registry_docs::visible(name)));
+}
+
 }  // namespace registry

@@ -42,7 +42,7 @@ void require_members_of_document(const Node& registry) {
   }
   require_known_members(
       registry,
-      with(arrangement, {"servers", "product", "files", "tiers", "routes",
+      with(arrangement, {"servers", "product", "files", "claims", "tiers", "routes",
                          "endpoint_frameworks", "$schema", "serverInfo", "instructions",
                          "prompts", "resources", "resourceTemplates", "nextCursor", "_meta"}));
 }
@@ -141,8 +141,11 @@ Repository open_repository(const std::filesystem::path& root, const Opening& ope
   require_members_of_document(document);
   repository.product = product(document);
   repository.sources = sources_of(document, root);
-  if (opening.needs_files) {
-    repository.files = files(document, repository.product, names_of(repository.sources), root);
+  if (!opening.needs_files) return repository;
+  const std::vector<std::string> servers = names_of(repository.sources);
+  repository.claims = claims(document, servers, root);
+  if (repository.claims.empty() || document.find("files")) {
+    repository.files = files(document, repository.product, servers, root);
   }
   return repository;
 }

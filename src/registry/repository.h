@@ -10,6 +10,7 @@
 
 #include "json/document.h"
 #include "json/node.h"
+#include "registry/claims.h"
 #include "registry/files.h"
 #include "registry/server.h"
 #include "registry_docs/host.h"
@@ -30,6 +31,7 @@ struct Repository {
   bool is_first_host = false;  // then nothing of what follows is read
   registry_docs::Product product = {};
   std::vector<File> files = {};
+  std::vector<Claim> claims = {};
   std::vector<Source> sources = {};
 };
 

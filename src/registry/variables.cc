@@ -18,10 +18,8 @@ struct Variable {
 
 bool is_name(std::string_view text) {
   if (text.empty() || text::is_digit(text[0])) return false;
-  for (const char c : text) {
-    if (!text::is_letter_or_digit(c) && c != '_') return false;
-  }
-  return true;
+  return std::ranges::all_of(text,
+                             [](char c) { return text::is_letter_or_digit(c) || c == '_'; });
 }
 
 // The variable between the braces.

@@ -19,7 +19,9 @@ GENERAL = {  # what the registry of a server's repository says
     "tools": [{"name": "add", "inputSchema": {"type": "object", "required": ["a"], "properties": {
         "a": {"type": ["string", "null"], "description": "A", "minimum": 1}, "b": {"enum": [1, "x"]},
         "c": {"type": "array", "items": {"type": "string"}}, "d": {"anyOf": [{"type": "integer"}]}}}}],
-    "files": [{"path": "README.md", "blocks": ["readme-tools"], "encode": "none"}]}
+    "files": [{"path": "README.md", "blocks": ["readme-tools"], "encode": "none"},
+              {"path": "src/tesmo_sorvet/tool_registry.json", "member": "/a/b", "value": "names", "of": "tools"}],
+    "claims": [{"path": "*.md", "text": "{tools} a", "allow": ["a"]}]}
 
 
 def is_beyond_schemas(message, registry):
@@ -27,7 +29,8 @@ def is_beyond_schemas(message, registry):
     form, a member given twice, a number out of range, depth), names that depend on others, what
     references and branches come to, and a server that cannot be asked."""
     return (re.match(r"-:\d+:\d+: |[^-]", message) or "a name that no other tool has" in message
-            or "distinct files" in message or "servers" in message and "as in" in message
+            or re.search("distinct (files|members of)|one of the (servers|groups)|no group|"
+                         "a pattern that fits", message) or "servers" in message and "as in" in message
             or ("one of the tiers" in message and '"tiers"' in registry))
 
 

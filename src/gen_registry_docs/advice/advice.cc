@@ -136,12 +136,25 @@ void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
   std::ranges::stable_sort(added, std::ranges::greater(), &Step::line);
 }
 
+// What a person has to mend outside of all blocks.
+void add_faults(Steps& steps, const FileReport& file) {
+  for (const BlockReport& part : file.blocks) {
+    if (part.fault.empty()) continue;
+    if (part.line != 0) {
+      add(steps, file, part.line, part.fault);
+    } else {
+      steps.push_back({0, file.path + ": " + part.fault, {}});
+    }
+  }
+}
+
 }  // namespace
 
 Steps steps(const FileReport& file) {
   Steps found;
   if (file.state == FileState::current) return found;
   add_conflicts(found, file);
+  add_faults(found, file);
   if (!found.empty() || file.state != FileState::wrong_markers) return found;
   Names explained;
   text::Guesses guesses(possible_names(file));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "gen_registry_docs/diff/line_edits.h"
+#include "text/join.h"
 
 namespace gen_registry_docs::diff {
 namespace {
@@ -21,17 +22,23 @@ struct Cut {
   std::size_t new_at;
 };
 
-// Where changed bodies begin, and end at the beginning of a line.
+// Where the line begins that the byte at `at` stands in.
+std::size_t line_begin(std::string_view text, std::size_t at) {
+  return at == 0 ? 0 : text.rfind('\n', at - 1) + 1;
+}
+
+// Where the lines of changed bodies begin, and end where a body ends with its line.
 std::vector<Cut> cuts_of(const FileReport& file) {
   std::vector<Cut> cuts;
   Cut at{0, 0};
   for (const BlockReport& block : file.blocks) {
     if (block.state != BlockState::stale) continue;
-    at = {block.begin, at.new_at + (block.begin - at.old_at)};
-    cuts.push_back(at);
-    at = {block.end, at.new_at + block.rendered.size()};
-    const bool begins_line = file.text[block.end - 1] == '\n';  // a marker stands before it
-    if (begins_line) cuts.push_back(at);
+    const std::size_t line = line_begin(file.text, block.begin);
+    if (line > at.old_at) cuts.push_back({line, at.new_at + (line - at.old_at)});
+    at = {block.end, at.new_at + (block.begin - at.old_at) + block.rendered.size()};
+    if (line_begin(file.text, block.end) == block.end && block.rendered.ends_with('\n')) {
+      cuts.push_back(at);
+    }
   }
   return cuts;
 }
@@ -84,14 +91,15 @@ std::span<const LineEdit> first_hunk(std::span<const LineEdit> edits) {
 
 // The names of the blocks that a hunk changes.
 std::string label(std::span<const LineEdit> hunk, std::span<const BlockReport> blocks) {
-  std::string names;
+  std::vector<std::string_view> names;
   const auto first =
       std::ranges::upper_bound(blocks, hunk.front().old_begin, {}, &BlockReport::last_line);
   for (const BlockReport& block : std::span(first, blocks.end())) {
     if (block.line > hunk.back().old_end) break;
-    if (block.state == BlockState::stale) names += (names.empty() ? "" : ", ") + block.name;
+    const bool is_new = std::ranges::find(names, block.name) == names.end();
+    if (block.state == BlockState::stale && is_new) names.emplace_back(block.name);
   }
-  return names;
+  return text::join(names, ", ");
 }
 
 // Writes lines of a diff, each in its colour.

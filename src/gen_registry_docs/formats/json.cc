@@ -39,8 +39,11 @@ void put_blocks(Json& json, const FileReport& file) {
     json.StartObject();
     put_member(json, "name", block.name);
     put_member(json, "state", state_name(block.state));
-    put(json, "line");
-    json.Uint64(block.line);
+    if (block.line != 0) {
+      put(json, "line");
+      json.Uint64(block.line);
+    }
+    if (!block.fault.empty()) put_member(json, "message", block.fault);
     json.EndObject();
   }
   json.EndArray();
@@ -70,8 +73,9 @@ void put_file(Json& json, const FileReport& file) {
   put_names(json, "unknown", file, [](const BlockReport& block, std::size_t time) {
     return block.state == BlockState::unknown && time == 1;
   });
-  put_names(json, "repeated", file,
-            [](const BlockReport&, std::size_t time) { return time == 2; });
+  put_names(json, "repeated", file, [](const BlockReport& block, std::size_t time) {
+    return block.state == BlockState::repeated && time == 2;
+  });
 }
 
 void put_changes(Json& json, std::span<const registry::ServerChange> changes) {

@@ -92,12 +92,13 @@ void Comparison::compare_forms(Part& before, Part& after) {
   const auto gone = std::ranges::count(pairs, nullptr, &Pair<Part>::after);
   const auto added = std::ranges::count(pairs, nullptr, &Pair<Part>::before);
   Part* const other = gone == 1 && added == 1 ? pairs.back().after : nullptr;
-  for (const auto& [from, to] : pairs) {
-    if (from != nullptr && (to != nullptr || other != nullptr)) {
-      compare_form(*from, to != nullptr ? *to : *other);
+  for (const auto& [from, with] : pairs) {
+    Part* const to = with != nullptr || from == nullptr ? with : other;
+    if (from != nullptr && to != nullptr) {
+      compare_form(*from, *to);
     } else if (from != nullptr) {
       tell(before, "its form " + shown(from->form) + " is gone", Effect::narrower);
-    } else if (to != other) {
+    } else if (to != nullptr && to != other) {
       tell(before, "its form " + shown(to->form) + " is new", Effect::wider);
     }
   }
@@ -117,7 +118,9 @@ void Comparison::compare_form(Part& before, Part& after) {
 // A property may be given where it is not named, and who does not know it passes over it. All
 // other parts say of what they hold.
 Effect Comparison::effect_of_one(const Pair<Part>& pair, bool is_closed) const {
-  const Part& part = pair.before == nullptr ? *pair.after : *pair.before;
+  const Part* const known = pair.before != nullptr ? pair.before : pair.after;
+  if (known == nullptr) return Effect::same;
+  const Part& part = *known;
   if (!part.is_property) {
     return (pair.after == nullptr) == is_closed ? Effect::narrower : Effect::wider;
   }

@@ -12,6 +12,9 @@ namespace registry_docs::repository {
 // pipe there is never waited on.
 std::string read_regular_file(const std::filesystem::path& path);
 
+// A file's bytes, which must be UTF-8. Throws as the two below do.
+std::string read_whole(const std::filesystem::path& path);
+
 // The text that a file's bytes hold: UTF-8, every CR LF and lone CR made a line feed.
 // Throws DecodeError, which names `path`.
 std::string decoded(const std::filesystem::path& path, std::string bytes);

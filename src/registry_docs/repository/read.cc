@@ -15,6 +15,12 @@ std::string read_regular_file(const std::filesystem::path& path) {
   return rest_of(file, regular_status_of(file));
 }
 
+std::string read_whole(const std::filesystem::path& path) {
+  std::string bytes = read_regular_file(path);
+  if (const auto offset = find_ill_formed(bytes)) throw DecodeError(path, *offset);
+  return bytes;
+}
+
 std::string decoded(const std::filesystem::path& path, std::string bytes) {
   if (const auto offset = find_ill_formed(bytes)) throw DecodeError(path, *offset);
   return text::with_line_feeds(std::move(bytes));

@@ -9,6 +9,8 @@
 
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
+#include "registry_docs/repository/file.h"
+#include "registry_docs/repository/parts.h"
 #include "registry_docs/text.h"
 #include "text/join.h"
 
@@ -161,29 +163,22 @@ Matches matches_in(std::string_view text, const GeneratedFile& generated) {
   return matches;
 }
 
-// A file that has parts, and no blocks.
-FileReport report_of_parts(const GeneratedFile& generated, FileReport& report) {
-  LineCounter lines(report.text);
-  std::vector<std::string_view> stale;
-  for (Part& part : generated.parts(report.text)) {
-    BlockReport& block = report.blocks.emplace_back();
-    block = {.name = std::move(part.name), .begin = part.begin, .end = part.end};
-    block.line = lines.line_of(report.text.data() + part.begin);
-    block.last_line = lines.line_of(report.text.data() + part.end);
-    const bool is_current =
-        std::string_view(report.text).substr(part.begin, part.end - part.begin) == part.text;
-    if (is_current && !report.is_new) continue;
-    block.state = BlockState::stale;
-    block.rendered = std::move(part.text);
+void look_at_blocks(const GeneratedFile& generated, Detail detail, FileReport& report) {
+  const Matches matches = matches_in(report.text, generated);
+  auto renderers = blocks::renderers_of(matches, generated);
+  if (!renderers) {
+    report.state = FileState::wrong_markers;
+    report.problem = blocks::marker_problem(matches, generated);
+    renderers = renderers_where_declared(matches, generated);
   }
-  for (const BlockReport& block : report.blocks) {
-    report.declared.push_back(block.name);
-    if (block.state == BlockState::stale) stale.push_back(block.name);
+  auto differences = differences_of(matches, *renderers, generated, report);
+  const bool is_current = report.state == FileState::current && differences.empty();
+  if (is_current && detail == Detail::problems) return;
+  describe_blocks(report, matches, *renderers, std::move(differences), generated);
+  if (report.state == FileState::current && !is_current) {
+    report.state = FileState::stale;
+    report.problem = stale_line(report);
   }
-  if (stale.empty()) return std::move(report);
-  report.state = FileState::stale;
-  report.problem = report.path + ": out of date: " + text::join(stale, ", ");
-  return std::move(report);
 }
 
 }  // namespace
@@ -194,24 +189,16 @@ std::vector<BlockReport> blocks_of(std::string_view text) {
 
 FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
                        Detail detail) {
+  const std::filesystem::path path = root / generated.path;
   FileReport report{.path = generated.path};
-  report.is_new = generated.may_be_absent && is_absent(root / generated.path);
-  if (!report.is_new) report.text = read_text(root / generated.path);
-  if (generated.blocks.empty() && generated.parts) return report_of_parts(generated, report);
-  const Matches matches = matches_in(report.text, generated);
-  auto renderers = blocks::renderers_of(matches, generated);
-  if (!renderers) {
-    report.state = FileState::wrong_markers;
-    report.problem = blocks::marker_problem(matches, generated);
-    renderers = renderers_where_declared(matches, generated);
+  report.keeps_line_ends = generated.keeps_line_ends;
+  report.is_new = generated.may_be_absent && is_absent(path);
+  if (!report.is_new) {
+    report.text = report.keeps_line_ends ? repository::read_whole(path) : read_text(path);
   }
-  auto differences = differences_of(matches, *renderers, generated, report);
-  const bool is_current = report.state == FileState::current && differences.empty();
-  if (is_current && detail == Detail::problems) return report;
-  describe_blocks(report, matches, *renderers, std::move(differences), generated);
-  if (report.state == FileState::current && !is_current) {
-    report.state = FileState::stale;
-    report.problem = stale_line(report);
+  if (!generated.blocks.empty() || !generated.parts) look_at_blocks(generated, detail, report);
+  if (generated.parts && report.state != FileState::wrong_markers) {
+    repository::look_at_parts(generated.parts, report);
   }
   return report;
 }

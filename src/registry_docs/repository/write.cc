@@ -29,7 +29,10 @@ std::vector<std::string> write_files(std::span<const FileReport> files,
       continue;
     }
     const std::string old_bytes = repository::read_regular_file(path);
-    if (repository::decoded(path, old_bytes) == text) continue;
+    const bool is_current = file.keeps_line_ends
+                                ? old_bytes == text
+                                : repository::decoded(path, old_bytes) == text;
+    if (is_current) continue;
     repository::rewrite(path, old_bytes, text);
     written.push_back(file.path);
   }

@@ -1,0 +1,162 @@
+"""What is generated outside of blocks: members of JSON files, and what claims say of a server."""
+
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+PROGRAM = os.environ["PROGRAM"]
+ANSWER = {"tools": [{"name": "search", "description": "Finds.", "inputSchema": {}}, {"name": "add", "inputSchema": {}}],
+          "prompts": [{"name": "tidy", "description": "Tidies."}], "resources": [{"uri": "n://a", "name": "all"}]}
+TOOLS = {"path": "m.json", "member": "/tools", "value": "names"}
+COUNT = {"path": "R.md", "text": "**{tools} tools**"}
+SKILL = {"path": "s/**/*.md", "text": "n__{tool}", "allow": ["n__old"]}
+BLOCK = "<!-- registry:count -->\n%s\n<!-- /registry:count -->\n"
+RUN = "To bring the blocks up to date, run:\n"
+MENDED = "When that is mended, bring the blocks up to date:\n"
+
+# What the registry says; the files; what the check says, and on standard error; the files after.
+ROWS = {
+    "members": (
+        {"files": [TOOLS, {"path": "m.json", "member": "/p", "value": "names-and-descriptions", "of": "prompts"},
+                   {"path": "m.json", "member": "/r", "value": "answer", "of": "resources"}]},
+        {"m.json": '{\r\n\t"tools": [],\r\n\t"r": {}\r\n}'},
+        "m.json: out of date: /tools, /r, /p\n", RUN,
+        {"m.json": '{\r\n\t"tools": [\r\n\t\t"search",\r\n\t\t"add"\r\n\t],\r\n\t"r": [\r\n\t\t{\r\n\t\t\t"uri": "n://a",'
+                   '\r\n\t\t\t"name": "all"\r\n\t\t}\r\n\t],\r\n\t"p": [\r\n\t\t{\r\n\t\t\t"name": "tidy",\r\n\t\t\t'
+                   '"description": "Tidies."\r\n\t\t}\r\n\t]\r\n}'}),
+    "a member that is the same": (
+        {"files": [TOOLS]}, {"m.json": '{"tools" : ["search",\n"\\u0061dd"]}'}, "", "", {}),
+    "a member of no JSON": (
+        {"files": [TOOLS], "claims": [{"path": "m.json", "text": "a {tools}"}]}, {"m.json": '{"tools": []\n"a": 1}'},
+        "m.json:2:1: expected a comma or a closing brace, found '\"'\n", MENDED, None),
+    "a member that is there twice": (
+        {"files": [TOOLS]}, {"m.json": '{"tools": [], "tools": []}'},
+        'm.json:1:16: expected each member once, found "tools" a second time\n', MENDED, None),
+    "a member of no object": (
+        {"files": [TOOLS | {"member": "/a/b"}]}, {"m.json": '{"a": []}'},
+        "m.json: /a: expected an object that has b, or may have it, found an array\n", MENDED, None),
+    "counts beside a block, but not within": (
+        {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]},
+        {"R.md": "**3 tools**\n" + BLOCK % "**4 tools**" + "**3 tools**\n"},
+        "R.md: blocks out of date: count; out of date: **{tools} tools**\n", RUN,
+        {"R.md": "**2 tools**\n" + BLOCK % "2" + "**2 tools**\n"}),
+    "a count beside a current block": (
+        {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]},
+        {"R.md": BLOCK % "2" + "**3 tools**\n"}, "R.md: out of date: **{tools} tools**\n", RUN,
+        {"R.md": BLOCK % "2" + "**2 tools**\n"}),
+    "a count beside wrong markers": (
+        {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]}, {"R.md": "**3 tools**\n"},
+        "R.md: the markers do not match the blocks it holds (missing ['count'], unknown [], repeated [])\n",
+        "R.md: missing count; put these lines where the lists shall stand:\n<!-- registry:count -->\n"
+        "<!-- /registry:count -->\n" + MENDED, None),
+    "a count in a file with its own line ends": (
+        {"claims": [COUNT]}, {"R.md": "a\r\n**3 tools**\rb\n"}, "R.md: out of date: **{tools} tools**\n", RUN,
+        {"R.md": "a\r\n**2 tools**\rb\n"}),
+    "a count in a file with a member, but not within": (
+        {"files": [TOOLS], "claims": [{"path": "m.json", "text": "has {tools}"}]},
+        {"m.json": '{"tools": ["has 3"], "a": "has 3"}'}, "m.json: out of date: /tools, has {tools}\n", RUN,
+        {"m.json": '{"tools": ["search", "add"], "a": "has 2"}'}),
+    "a claim that is found nowhere": (
+        {"claims": [COUNT]}, {"R.md": "**3 tool**\n"}, "R.md: claims that do not hold: **{tools} tools**\n",
+        "R.md: expected the claim **{tools} tools**, found it nowhere\n" + MENDED, None),
+    "names": (
+        {"claims": [SKILL]}, {"s/a.md": "a\nn__serch, n__old\n", "s/b/c.md": "n__search n__x.\n", "s/x.txt": "n__x",
+                              "s/n/.git/a.md": "n__x", ".gitignore": "/s/no", "s/no/a.md": "n__x"},
+        "s/a.md: claims that do not hold: n__serch\ns/b/c.md: claims that do not hold: n__x\n",
+        "s/a.md:2: n__serch names no tool; perhaps n__search\ns/b/c.md:1: n__x names no tool\n" + MENDED, None),
+    "names in one of several files": (
+        {"claims": [SKILL]}, {"s/a.md": "a", "s/b/c.md": "n__search"}, "", "", {}),
+    "names in none of several files": (
+        {"claims": [SKILL]}, {"s/a.md": "a", "s/b/c.md": "b"}, "s/a.md: claims that do not hold: n__{tool}\n",
+        "s/a.md: expected the claim n__{tool} in one of s/**/*.md, found it in none\n" + MENDED, None),
+}
+# Two servers, of which one did not answer; what is listed.
+LISTS = {
+    "both": ({"a": ANSWER, "b": ANSWER}, ["a.json /t 1 current", "R.md **{tools} of all** 1 current",
+                                          "R.md {tools} of b 1 stale"]),
+    "one": ({"a": ANSWER}, ["a.json /t 1 current"]),
+}
+
+
+class Parts(unittest.TestCase):
+    def setUp(self):
+        self.root = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def lay_out(self, files):
+        for path, text in files.items():
+            (self.root / path).parent.mkdir(parents=True, exist_ok=True)
+            (self.root / path).write_bytes(text.encode())
+
+    def run_program(self, *arguments):
+        done = subprocess.run([PROGRAM, *arguments], cwd=self.root, capture_output=True, check=False)
+        return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+    def test_check_and_write(self):
+        for name, (registry, files, checked, said, after) in ROWS.items():
+            with self.subTest(name):
+                self.setUp()
+                self.lay_out(files | {"registry-docs.json": json.dumps(registry | {"server": {"command": "no"}}),
+                                      "answer": json.dumps(ANSWER)})
+                status, output, errors = self.run_program("--check", "--tools=answer")
+                errors = errors.replace(f"  {PROGRAM} --write --tools answer\n", "")
+                self.assertEqual((status, output, errors), (int(bool(checked)), checked, said))
+                status, output, _ = self.run_program("--write", "--tools=answer")
+                expected = files | (after or {})
+                self.assertEqual((status, output), (int(after is None), "".join(f"{path}\n" for path in after or ())))
+                self.assertEqual({path: (self.root / path).read_bytes().decode() for path in files}, expected)
+                if after:
+                    self.assertEqual(self.run_program("--check", "--tools=answer"), (0, "", ""))
+
+    def test_several_servers(self):
+        servers = {name: {"server": {"command": "no"}, "snapshot": f"{name}-answer.json"} for name in "ab"}
+        registry = {"servers": servers, "files": [{"path": "a.json", "member": "/t", "value": "names", "server": "a"}],
+                    "claims": [{"path": "R.md", "text": "**{tools} of all**"},
+                               {"path": "R.md", "text": "{tools} of b", "server": "b"}]}
+        for name, (answers, rows) in LISTS.items():
+            with self.subTest(name):
+                self.setUp()
+                self.lay_out({"registry-docs.json": json.dumps(registry), "a.json": '{"t":["search","add"]}',
+                              "R.md": "**4 of all** 4 of b"})
+                self.lay_out({f"{server}-answer.json": json.dumps(answer) for server, answer in answers.items()})
+                _, output, _ = self.run_program("--list", "--offline")
+                self.assertEqual([" ".join(line.split()) for line in output.splitlines()[1:]], rows)
+
+    def test_json_and_github(self):
+        self.lay_out({"registry-docs.json": json.dumps(
+            {"tools": [{"name": "search"}], "claims": [SKILL, COUNT, {"path": "R.md", "text": "# {tools}"}]}
+            | {"product": {}}), "s/a.md": "\nn__serch", "R.md": "**2 tools** **2 tools**"})
+        _, output, _ = self.run_program("--check", "--format=json")
+        report = json.loads(output)
+        self.assertEqual([(file["path"], file["state"], file["blocks"], file["repeated"]) for file in report["files"]], [
+            ("s/a.md", "failed", [{"name": "n__serch", "state": "failed", "line": 2,
+                                   "message": "n__serch names no tool; perhaps n__search"}], []),
+            ("R.md", "failed", [{"name": "**{tools} tools**", "state": "stale", "line": 1}] * 2 + [
+                {"name": "# {tools}", "state": "failed",
+                 "message": "expected the claim # {tools}, found it nowhere"}], [])])
+        _, output, _ = self.run_program("--check", "--format=github")
+        self.assertEqual(output.splitlines(), [
+            "::error file=s/a.md,line=2::s/a.md: claims that do not hold: n__serch%0A"
+            "s/a.md:2: n__serch names no tool; perhaps n__search",
+            "::error file=R.md,line=1::R.md: claims that do not hold: # {tools}%0A"
+            "R.md: expected the claim # {tools}, found it nowhere"])
+
+    def test_diff(self):
+        self.lay_out({"registry-docs.json": json.dumps(
+            {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}],
+             "claims": [COUNT, {"path": "R.md", "text": "({tools})"}]}),
+            "R.md": "a\n**2 tools** (2) (3)\n" + BLOCK % "2" + "(1)"})
+        self.assertEqual(self.run_program("--check", "--diff")[1],
+                         "R.md: blocks out of date: count; out of date: **{tools} tools**, ({tools})\n--- a/R.md\n+++ b/R.md\n"
+                         "@@ -1,6 +1,6 @@ **{tools} tools**, ({tools}), count\n a\n-**2 tools** (2) (3)\n"
+                         "+**1 tools** (1) (1)\n <!-- registry:count -->\n-2\n+1\n <!-- /registry:count -->\n"
+                         " (1)\n\\ No newline at end of file\n")
+        _, diff, _ = self.run_program("--check", "--diff")
+        subprocess.run(["git", "apply"], cwd=self.root, input=diff.encode(), check=True)
+        self.assertEqual(self.run_program("--check"), (0, "", ""))
+
+
+if __name__ == "__main__":
+    unittest.main()
