@@ -105,25 +105,35 @@ class PartMaker {
                    std::string(part_of(text_, {slot.end, all.end})));
   }
 
+  [[nodiscard]] bool is_stale(const Part& part) const {
+    return part.fault.empty() && part.text != part_of(text_, {part.begin, part.end});
+  }
+
   // One number may be what several claims speak of. Where they agree, the first speaks for
   // all.
   void settle_counts() {
     std::vector<Part> settled;
+    std::size_t last = 0;  // the part that reaches farthest
     for (Part& part : parts_) {
-      const auto is_here = [&part](const Part& other) {
-        return other.begin == part.begin && other.end == part.end && other.fault.empty();
-      };
-      Part* const other = settled.empty() || !is_here(settled.back()) || !part.fault.empty()
-                              ? nullptr
-                              : &settled.back();
-      if (other == nullptr) {
+      const bool is_apart = settled.empty() || settled[last].end <= part.begin;
+      if (is_apart || !speak_of_one(settled[last], part)) {
+        if (is_apart || settled[last].end < part.end) last = settled.size();
         settled.push_back(std::move(part));
-      } else if (other->text != part.text) {
-        other->fault = other->name + " expects " + other->text + " here, and " + part.name +
-                       " " + part.text;
       }
     }
     parts_ = std::move(settled);
+  }
+
+  // Whether the first of two parts that meet takes the other's place, as one with a fault if
+  // they differ in what is to be written there.
+  bool speak_of_one(Part& first, const Part& other) {
+    const bool are_alike =
+        first.begin == other.begin && first.end == other.end && first.text == other.text;
+    if (!first.fault.empty() || !other.fault.empty()) return false;
+    if (are_alike || (!is_stale(first) && !is_stale(other))) return are_alike;
+    first.fault =
+        first.name + " expects " + first.text + " here, and " + other.name + " " + other.text;
+    return true;
   }
 
   std::string_view text_;

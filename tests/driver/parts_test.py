@@ -35,6 +35,9 @@ ROWS = {
     "a member that is there twice": (
         {"files": [TOOLS]}, {"m.json": '{"tools": [], "tools": []}'},
         'm.json:1:16: expected each member once, found "tools" a second time\n', MENDED, None),
+    "a name that a terminal would act on": (
+        {"files": [TOOLS]}, {"m.json": r'{"\u001b[0m": 1, "\u001b[0m": 2}'},
+        'm.json:1:19: expected each member once, found "\\x1b[0m" a second time\n', MENDED, None),
     "a member of no object": (
         {"files": [TOOLS | {"member": "/a/b"}]}, {"m.json": '{"a": []}'},
         "m.json: /a: expected an object that has b, or may have it, found an array\n", MENDED, None),
