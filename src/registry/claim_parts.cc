@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -50,17 +50,21 @@ class PartMaker {
   }
 
   std::vector<Part> take() {
-    std::ranges::stable_sort(parts_, {}, &Part::begin);
+    std::ranges::stable_sort(counts_, {}, &Part::begin);
     settle_counts();
-    return std::move(parts_);
+    std::ranges::stable_sort(names_, {}, &Part::begin);
+    std::vector<Part> all;
+    std::ranges::merge(counts_, names_, std::back_inserter(all), {}, &Part::begin,
+                       &Part::begin);
+    return all;
   }
 
  private:
   void add_count(const KnownClaim& claim, const Span& slot, std::size_t count) {
-    parts_.push_back({.name = visible(claim.text.spelling),
-                      .begin = slot.begin,
-                      .end = slot.end,
-                      .text = spelled(count, part_of(text_, slot))});
+    counts_.push_back({.name = visible(claim.text.spelling),
+                       .begin = slot.begin,
+                       .end = slot.end,
+                       .text = spelled(count, part_of(text_, slot))});
   }
 
   // A name at the end of a claim is tried without the full stop of a sentence, too.
@@ -92,7 +96,7 @@ class PartMaker {
       part.fault =
           whole + " names no " + noun(claim.text.slots[place].fact) + guess(all, slot, names);
     }
-    parts_.push_back(std::move(part));
+    names_.push_back(std::move(part));
   }
 
   std::string guess(const Span& all, const Span& slot, const Names& names) {
@@ -105,39 +109,31 @@ class PartMaker {
                    std::string(part_of(text_, {slot.end, all.end})));
   }
 
-  [[nodiscard]] bool is_stale(const Part& part) const {
-    return part.fault.empty() && part.text != part_of(text_, {part.begin, part.end});
-  }
-
   // One number may be what several claims speak of. Where they agree, the first speaks for
   // all.
   void settle_counts() {
     std::vector<Part> settled;
-    std::size_t last = 0;  // the part that reaches farthest
-    for (Part& part : parts_) {
-      const bool is_apart = settled.empty() || settled[last].end <= part.begin;
-      if (is_apart || !speak_of_one(settled[last], part)) {
-        if (is_apart || settled[last].end < part.end) last = settled.size();
+    for (Part& part : counts_) {
+      if (settled.empty() || settled.back().end <= part.begin) {
         settled.push_back(std::move(part));
+      } else {
+        settle(settled.back(), part);
       }
     }
-    parts_ = std::move(settled);
+    counts_ = std::move(settled);
   }
 
-  // Whether the first of two parts that meet takes the other's place, as one with a fault if
-  // they differ in what is to be written there.
-  bool speak_of_one(Part& first, const Part& other) {
-    const bool are_alike =
-        first.begin == other.begin && first.end == other.end && first.text == other.text;
-    if (!first.fault.empty() || !other.fault.empty()) return false;
-    if (are_alike || (!is_stale(first) && !is_stale(other))) return are_alike;
+  static void settle(Part& first, const Part& other) {
+    const bool are_one = first.begin == other.begin && first.end == other.end;
+    if (!first.fault.empty() || (are_one && first.text == other.text)) return;
+    first.end = std::max(first.end, other.end);
     first.fault =
         first.name + " expects " + first.text + " here, and " + other.name + " " + other.text;
-    return true;
   }
 
   std::string_view text_;
-  std::vector<Part> parts_ = {};
+  std::vector<Part> counts_ = {};
+  std::vector<Part> names_ = {};
   std::size_t guesses_left_ = 20;  // each look goes through all names
 };
 

@@ -146,6 +146,27 @@ class Parts(unittest.TestCase):
             "::error file=R.md,line=1::R.md: claims that do not hold: # {tools}%0A"
             "R.md: expected the claim # {tools}, found it nowhere"])
 
+    def test_advice_on_what_is_not_declared(self):
+        files = {"R.md": BLOCK % "1" + "**2 tools**, 3 tools, 1 tools: mcp__n__search. mcp__n__add mcp__o__x\n",
+                 "manifest.json": '{"tools": []}'}
+        registry = {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}]}
+        member = {"path": "manifest.json", "member": "/tools", "value": "names-and-descriptions"}
+        claims = [{"path": "R.md", "text": "{tools} tools"}, {"path": "R.md", "text": "mcp__n__{tool}"}]
+        said = ("R.md:4: 2 tools, of 1; if all are meant, a claim keeps the number right: \"claims\": "
+                f"{json.dumps(claims[0])}\n"
+                "R.md:4: mcp__n__ stands before names of tools; a claim has them looked up: \"claims\": "
+                f"{json.dumps(claims[1])}\n"
+                "manifest.json: its tools are kept by hand; a generated member keeps them right: \"files\": "
+                f"{json.dumps(member)}\n")
+        self.lay_out(files | {"registry-docs.json": json.dumps(registry)})
+        self.assertEqual(self.run_program("--check"), (0, "", said))
+        self.assertEqual(self.run_program("--check", "--quiet"), (0, "", ""))
+        declared = registry | {"files": [*registry["files"], member], "claims": claims}
+        self.lay_out({"registry-docs.json": json.dumps(declared)})
+        _, _, errors = self.run_program("--check")
+        self.assertNotIn("kept by hand", errors)
+        self.assertNotIn("a claim ", errors)
+
     def test_diff(self):
         self.lay_out({"registry-docs.json": json.dumps(
             {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}],
