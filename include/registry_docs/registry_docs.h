@@ -44,8 +44,9 @@ struct Part {
       true;  // it is not missing from the text; what is has a fault, and comes last
 };
 
-// The parts of a file's text in order, none within another or within a block's body. Throws
-// ValueError for a text that has none; the message, from its colon on, stands behind the path.
+// The parts of a file's text in order, none that is to be changed within another such or
+// within a block's body. Throws ValueError for a text that has none; the message, from its
+// colon on, stands behind the path.
 using Parts = std::function<std::vector<Part>(std::string_view text)>;
 
 // A file of the repository that holds generated blocks or parts.

@@ -47,8 +47,8 @@ enum class FileState {
 struct FileReport {
   std::string path;  // as the table declares it
   FileState state = FileState::current;
-  std::vector<BlockReport> blocks = {};  // as they stand in the file, then the missing ones;
-                                         // no parts where the markers are wrong
+  std::vector<BlockReport> blocks = {};    // as they stand in the file, then the missing ones;
+                                           // no parts where the markers are wrong
   std::vector<std::string> declared = {};  // the names of the blocks that it shall hold
   std::string problem = {};                // the line of stale_blocks; empty when current
   std::string text = {};                   // the file's text, with line feeds if not

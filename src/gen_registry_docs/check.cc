@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "gen_registry_docs/advice/next_steps.h"
+#include "gen_registry_docs/advice/undeclared.h"
 #include "gen_registry_docs/diff/unified_diff.h"
 #include "gen_registry_docs/formats/changes.h"
 #include "gen_registry_docs/formats/github.h"
@@ -107,6 +108,15 @@ std::string shown(const Files& files, const std::vector<advice::Steps>& steps,
 
 bool has_problem(const FileReport& file) { return file.state != FileState::current; }
 
+// What could be declared, of one repository alone: of many it would be too much to read.
+void print_advice(const Files& files, const Workspace& workspace) {
+  if (!workspace.is_one || workspace.bound.empty()) return;
+  for (const std::string& line :
+       advice::undeclared(files, workspace.bound.front(), workspace.root)) {
+    print_error(line);
+  }
+}
+
 bool is_breaking(const registry::ServerChange& change) {
   return change.change.verdict == registry_docs::changes::Verdict::breaking;
 }
@@ -134,6 +144,7 @@ int check(Workspace& workspace, const Options& options, std::string_view program
     print(shown(files, steps, workspace, options));
     advice::print_next_steps(files, steps, options, program);
   }
+  if (!options.quiet) print_advice(files, workspace);
   for (const std::string& failure : workspace.failures) print_error_lines(failure);
   return status_of(is_current, workspace, options);
 }

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <optional>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -50,17 +50,21 @@ class PartMaker {
   }
 
   std::vector<Part> take() {
-    std::ranges::stable_sort(parts_, {}, &Part::begin);
+    std::ranges::stable_sort(counts_, {}, &Part::begin);
     settle_counts();
-    return std::move(parts_);
+    std::ranges::stable_sort(names_, {}, &Part::begin);
+    std::vector<Part> all;
+    std::ranges::merge(counts_, names_, std::back_inserter(all), {}, &Part::begin,
+                       &Part::begin);
+    return all;
   }
 
  private:
   void add_count(const KnownClaim& claim, const Span& slot, std::size_t count) {
-    parts_.push_back({.name = visible(claim.text.spelling),
-                      .begin = slot.begin,
-                      .end = slot.end,
-                      .text = spelled(count, part_of(text_, slot))});
+    counts_.push_back({.name = visible(claim.text.spelling),
+                       .begin = slot.begin,
+                       .end = slot.end,
+                       .text = spelled(count, part_of(text_, slot))});
   }
 
   // A name at the end of a claim is tried without the full stop of a sentence, too.
@@ -92,7 +96,7 @@ class PartMaker {
       part.fault =
           whole + " names no " + noun(claim.text.slots[place].fact) + guess(all, slot, names);
     }
-    parts_.push_back(std::move(part));
+    names_.push_back(std::move(part));
   }
 
   std::string guess(const Span& all, const Span& slot, const Names& names) {
@@ -109,25 +113,27 @@ class PartMaker {
   // all.
   void settle_counts() {
     std::vector<Part> settled;
-    for (Part& part : parts_) {
-      const auto is_here = [&part](const Part& other) {
-        return other.begin == part.begin && other.end == part.end && other.fault.empty();
-      };
-      Part* const other = settled.empty() || !is_here(settled.back()) || !part.fault.empty()
-                              ? nullptr
-                              : &settled.back();
-      if (other == nullptr) {
+    for (Part& part : counts_) {
+      if (settled.empty() || settled.back().end <= part.begin) {
         settled.push_back(std::move(part));
-      } else if (other->text != part.text) {
-        other->fault = other->name + " expects " + other->text + " here, and " + part.name +
-                       " " + part.text;
+      } else {
+        settle(settled.back(), part);
       }
     }
-    parts_ = std::move(settled);
+    counts_ = std::move(settled);
+  }
+
+  static void settle(Part& first, const Part& other) {
+    const bool are_one = first.begin == other.begin && first.end == other.end;
+    if (!first.fault.empty() || (are_one && first.text == other.text)) return;
+    first.end = std::max(first.end, other.end);
+    first.fault =
+        first.name + " expects " + first.text + " here, and " + other.name + " " + other.text;
   }
 
   std::string_view text_;
-  std::vector<Part> parts_ = {};
+  std::vector<Part> counts_ = {};
+  std::vector<Part> names_ = {};
   std::size_t guesses_left_ = 20;  // each look goes through all names
 };
 

@@ -54,8 +54,7 @@ struct Match {
   std::vector<Span> slots;
 };
 
-// The longest of the texts around the places, of which one must be longer than all other
-// things that a match is found by.
+// The longest of the literals, by which the claim is found.
 std::size_t anchor_of(const ClaimText& claim);
 
 // The claim around its anchor, which stands at `at`. Takes no longer than the claim is long,

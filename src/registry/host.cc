@@ -52,11 +52,11 @@ class Binder {
   }
 
   Bound bind() {
-    const bool has_layouts = has_block(repository_, is_of_layout) ||
-                             has_members(repository_) || !repository_.claims.empty();
+    const bool needs_catalogs = has_block(repository_, is_of_layout) ||
+                                has_members(repository_) || !repository_.claims.empty();
     std::vector<json_schema::Fault> faults;
     for (const Offer& offer : offers_) {
-      if (has_layouts || repository_.files.empty()) add_layouts(offer);
+      if (needs_catalogs || repository_.files.empty()) add_layouts(offer);
       add_snapshot(offer);
     }
     if (has_block(repository_, [](const Block& block) { return !is_of_layout(block); })) {

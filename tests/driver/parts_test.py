@@ -35,6 +35,9 @@ ROWS = {
     "a member that is there twice": (
         {"files": [TOOLS]}, {"m.json": '{"tools": [], "tools": []}'},
         'm.json:1:16: expected each member once, found "tools" a second time\n', MENDED, None),
+    "a name that a terminal would act on": (
+        {"files": [TOOLS]}, {"m.json": r'{"\u001b[0m": 1, "\u001b[0m": 2}'},
+        'm.json:1:19: expected each member once, found "\\x1b[0m" a second time\n', MENDED, None),
     "a member of no object": (
         {"files": [TOOLS | {"member": "/a/b"}]}, {"m.json": '{"a": []}'},
         "m.json: /a: expected an object that has b, or may have it, found an array\n", MENDED, None),
@@ -67,6 +70,11 @@ ROWS = {
                               "s/n/.git/a.md": "n__x", ".gitignore": "/s/no", "s/no/a.md": "n__x"},
         "s/a.md: claims that do not hold: n__serch\ns/b/c.md: claims that do not hold: n__x\n",
         "s/a.md:2: n__serch names no tool; perhaps n__search\ns/b/c.md:1: n__x names no tool\n" + MENDED, None),
+    "a claim of a file under another name": (
+        {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT | {"path": "link.md"}]},
+        {"R.md": BLOCK % "3" + "**3 tools**\n", "link.md": "R.md"},
+        "R.md: blocks out of date: count; out of date: **{tools} tools**\n", RUN,
+        {"R.md": BLOCK % "2" + "**2 tools**\n"}),
     "names in one of several files": (
         {"claims": [SKILL]}, {"s/a.md": "a", "s/b/c.md": "n__search"}, "", "", {}),
     "names in none of several files": (
@@ -88,6 +96,9 @@ class Parts(unittest.TestCase):
     def lay_out(self, files):
         for path, text in files.items():
             (self.root / path).parent.mkdir(parents=True, exist_ok=True)
+            if path == "link.md":
+                (self.root / path).symlink_to(text)
+                continue
             (self.root / path).write_bytes(text.encode())
 
     def run_program(self, *arguments):
@@ -106,7 +117,8 @@ class Parts(unittest.TestCase):
                 status, output, _ = self.run_program("--write", "--tools=answer")
                 expected = files | (after or {})
                 self.assertEqual((status, output), (int(after is None), "".join(f"{path}\n" for path in after or ())))
-                self.assertEqual({path: (self.root / path).read_bytes().decode() for path in files}, expected)
+                self.assertEqual({path: (self.root / path).read_bytes().decode() for path in files
+                                  if path != "link.md"}, {path: expected[path] for path in files if path != "link.md"})
                 if after:
                     self.assertEqual(self.run_program("--check", "--tools=answer"), (0, "", ""))
 
@@ -123,6 +135,22 @@ class Parts(unittest.TestCase):
                 self.lay_out({f"{server}-answer.json": json.dumps(answer) for server, answer in answers.items()})
                 _, output, _ = self.run_program("--list", "--offline")
                 self.assertEqual([" ".join(line.split()) for line in output.splitlines()[1:]], rows)
+
+    def test_a_snapshot_is_no_file_of_claims(self):
+        registry = {"server": {"command": "no"}, "snapshot": "a.json", "claims": [{"path": "a.json", "text": "{tools} t"}]}
+        self.lay_out({"registry-docs.json": json.dumps(registry), "answer": json.dumps(ANSWER)})
+        message = (f"{self.root}/registry-docs.json: claims[0].path: expected a file that is not generated as a whole, "
+                   'found "a.json"\n')
+        self.assertEqual(self.run_program("--check", "--tools=answer"), (2, "", message))
+
+    def test_several_repositories(self):
+        for name in "ab":
+            self.lay_out({f"{name}/registry-docs.json": json.dumps({"tools": [{"name": "search"}], "files": [TOOLS],
+                          "claims": [COUNT]}), f"{name}/R.md": "**3 tools**", f"{name}/m.json": "{" if name == "b" else "{}"})
+        self.assertEqual(self.run_program("--check", "a", "b")[1],
+                         "a/m.json: out of date: /tools\na/R.md: out of date: **{tools} tools**\n"
+                         "b/m.json:1:2: expected a member's name between double quotes, found the end of the document\n"
+                         "b/R.md: out of date: **{tools} tools**\n")
 
     def test_json_and_github(self):
         self.lay_out({"registry-docs.json": json.dumps(
@@ -142,6 +170,27 @@ class Parts(unittest.TestCase):
             "s/a.md:2: n__serch names no tool; perhaps n__search",
             "::error file=R.md,line=1::R.md: claims that do not hold: # {tools}%0A"
             "R.md: expected the claim # {tools}, found it nowhere"])
+
+    def test_advice_on_what_is_not_declared(self):
+        files = {"R.md": BLOCK % "1" + "**2 tools**, 3 tools, 1 tools: mcp__n__search. mcp__n__add mcp__o__x\n",
+                 "manifest.json": '{"tools": []}'}
+        registry = {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}]}
+        member = {"path": "manifest.json", "member": "/tools", "value": "names-and-descriptions"}
+        claims = [{"path": "R.md", "text": "{tools} tools"}, {"path": "R.md", "text": "mcp__n__{tool}"}]
+        said = ("R.md:4: 2 tools, of 1; if all are meant, a claim keeps the number right: \"claims\": "
+                f"{json.dumps(claims[0])}\n"
+                "R.md:4: mcp__n__ stands before names of tools; a claim has them looked up: \"claims\": "
+                f"{json.dumps(claims[1])}\n"
+                "manifest.json: its tools are kept by hand; a generated member keeps them right: \"files\": "
+                f"{json.dumps(member)}\n")
+        self.lay_out(files | {"registry-docs.json": json.dumps(registry)})
+        self.assertEqual(self.run_program("--check"), (0, "", said))
+        self.assertEqual(self.run_program("--check", "--quiet"), (0, "", ""))
+        declared = registry | {"files": [*registry["files"], member], "claims": claims}
+        self.lay_out({"registry-docs.json": json.dumps(declared)})
+        _, _, errors = self.run_program("--check")
+        self.assertNotIn("kept by hand", errors)
+        self.assertNotIn("a claim ", errors)
 
     def test_diff(self):
         self.lay_out({"registry-docs.json": json.dumps(

@@ -74,7 +74,7 @@ void look_at_parts(const Parts& parts, FileReport& report) {
   } catch (const ValueError& error) {
     if (report.state == FileState::failed) return;
     report.state = FileState::failed;
-    report.problem = report.path + error.what();
+    report.problem = report.path + visible(error.what());  // it may quote the file
     return;
   }
   LineCounter lines(report.text);

@@ -1,0 +1,26 @@
+// What goes stale in a repository, and is not declared.
+#ifndef GEN_REGISTRY_DOCS_ADVICE_UNDECLARED_H
+#define GEN_REGISTRY_DOCS_ADVICE_UNDECLARED_H
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "registry/host.h"
+#include "registry_docs/report.h"
+
+namespace gen_registry_docs::advice {
+
+// A line for each thing that is seen and could be declared, with the member of the registry
+// that would hold it true: in a generated file a wrong number before "tools", or names of
+// tools behind mcp__SERVER__, where no claim finds any; and the tools of a manifest.json. None
+// of these is a problem. Looks only where there is one server, of which layouts, members or
+// claims show something.
+std::vector<std::string> undeclared(std::span<const registry_docs::FileReport> files,
+                                    const registry::Bound& bound,
+                                    const std::filesystem::path& root);
+
+}  // namespace gen_registry_docs::advice
+
+#endif  // GEN_REGISTRY_DOCS_ADVICE_UNDECLARED_H
