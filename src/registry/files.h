@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "json/node.h"
+#include "registry/syntax.h"
 #include "registry_docs/host.h"
 
 namespace registry {
@@ -26,6 +27,7 @@ struct File {
   std::string path;  // relative to the repository's root, "/"-separated
   std::vector<Block> blocks;
   registry_docs::Encoding encoding = registry_docs::Encoding::none;
+  Syntax syntax = {};
 };
 
 // From the registry's member "files", which must be there. The blocks of a command line are on

@@ -12,6 +12,7 @@
 #include "registry/snapshot_file.h"
 #include "registry/tools.h"
 #include "registry_docs/catalog/entries.h"
+#include "registry_docs/markdown/tidy.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
@@ -35,6 +36,14 @@ FileDeclaration declaration_of(const File& file) {
     if (!is_of_layout(block)) declaration.blocks.push_back(block.name);
   }
   return declaration;
+}
+
+registry_docs::Renderer made_tidy(registry_docs::Renderer render) {
+  return [render = std::move(render)] {
+    std::string text = render();
+    registry_docs::markdown::tidy(text, 0);
+    return text;
+  };
 }
 
 // What one source's server offers: its answer, or what the registry document declares.
@@ -175,22 +184,28 @@ class Binder {
   // The blocks in their order, whoever makes them.
   void add_file(const File& declared) {
     GeneratedFile file{.path = declared.path};
+    file.syntax = declared.syntax.file;
     for (const Block& block : declared.blocks) {
       if (is_of_layout(block)) {
-        add_layout_block(block, declared.path, file);
+        add_layout_block(block, declared, file);
         continue;
       }
       GeneratedFile made = registry_docs::generated_file(
           *bound_.host, {declared.path, {block.name}, declared.encoding});
       file.encode = made.encode;
-      std::ranges::move(made.blocks, std::back_inserter(file.blocks));
+      for (auto& [name, render] : made.blocks) {
+        file.blocks.emplace_back(std::move(name), file.syntax.is_markdown
+                                                      ? made_tidy(std::move(render))
+                                                      : std::move(render));
+      }
     }
     bound_.files.push_back(std::move(file));
   }
 
-  void add_layout_block(const Block& block, const std::string& path, GeneratedFile& file) {
+  void add_layout_block(const Block& block, const File& declared, GeneratedFile& file) {
     for (const auto& layouts : bound_.layouts) {
-      if (layouts->name() == block.server) return layouts->add_block(block, path, file.blocks);
+      if (layouts->name() != block.server) continue;
+      return layouts->add_block(block, declared, file.blocks);
     }
     file.left_out.push_back(block.server + ":");
   }

@@ -34,10 +34,10 @@ class LayoutBlocks {
 
   [[nodiscard]] const registry_docs::catalog::Catalog& catalog() const { return catalog_; }
 
-  // Adds the block of the file at `path`, or the blocks that its name stands for. Their
+  // Adds the block of the file, or the blocks that its name stands for. Their
   // renderers borrow this. Throws InputError for a template that is none, and for one of tools
   // where the server answered none; FileError for a template that cannot be read.
-  void add_block(const Block& block, const std::string& path,
+  void add_block(const Block& block, const File& file,
                  std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks);
 
  private:

@@ -10,6 +10,7 @@
 #include "registry_docs/layouts/render.h"
 #include "registry_docs/markdown/safe.h"
 #include "registry_docs/markdown/shown_text.h"
+#include "registry_docs/markdown/tidy.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/text.h"
 
@@ -18,22 +19,6 @@ namespace {
 
 namespace markdown = registry_docs::markdown;
 namespace layouts = registry_docs::layouts;
-
-// One blank line at most between two others, and none at the ends.
-void trim(std::string& text, std::size_t begin) {
-  std::size_t end = begin;
-  for (std::size_t at = text.find_first_not_of('\n', begin); at < text.size();) {
-    const std::size_t gap = std::min(text.find("\n\n", at), text.size());
-    std::copy(text.data() + at, text.data() + gap, text.data() + end);
-    end += gap - at;
-    at = std::min(text.find_first_not_of('\n', gap), text.size());
-    if (at == text.size()) break;
-    text[end++] = '\n';
-    text[end++] = '\n';
-  }
-  text.resize(end);
-  while (text.size() > begin && text.back() == '\n') text.pop_back();
-}
 
 void append_blocks(std::string& to, std::string_view text, std::string_view indent) {
   markdown::append_blocks(to, text, indent);
@@ -55,8 +40,8 @@ constexpr std::array<layouts::TextFilter, 4> filters = {{{"blocks", append_block
                                                          {"code", append_code},
                                                          {"html", append_html},
                                                          {"inline", append_inline}}};
-constexpr std::array<layouts::Wrapper, 2> wrappers = {
-    {{"@cell", markdown::fit_cell}, {"@trim", trim}}};
+constexpr std::array<layouts::Wrapper, 3> wrappers = {
+    {{"@cell", markdown::fit_cell}, {"@tidy", markdown::tidy}, {"@trim", markdown::trim}}};
 constexpr layouts::Vocabulary vocabulary = {.filters = filters, .wrappers = wrappers};
 
 const layouts::BuiltinText* find(std::span<const layouts::BuiltinText> texts,
@@ -95,8 +80,8 @@ const Layouts::Template* Layouts::partial(
   return builtin == nullptr ? nullptr : &keep(key, std::string(builtin->text));
 }
 
-std::string Layouts::render(const Template& layout,
-                            const registry_docs::catalog::Model& model) {
+std::string Layouts::render(const Template& layout, const registry_docs::catalog::Model& model,
+                            const Syntax& syntax) {
   const bool is_builtin = find(layouts::builtin_layouts(), layout.name()) != nullptr;
   std::optional<std::filesystem::path> directory;
   if (!is_builtin) directory = std::filesystem::path(layout.name()).parent_path();
@@ -108,7 +93,7 @@ std::string Layouts::render(const Template& layout,
   std::string room;
   const std::string_view shown = markdown::shown_text(text, room);
   if (shown.data() != text.data()) text = shown;
-  if (const auto marker = registry_docs::find_marker(text, 0)) {
+  if (const auto marker = registry_docs::find_marker(text, 0, syntax.file.comment)) {
     throw registry_docs::InputError(
         layout.name() + ": expected a text without a block's marker, found " +
         registry_docs::in_quotes(text.substr(marker->begin, marker->end - marker->begin)));

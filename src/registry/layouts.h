@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "registry/syntax.h"
 #include "registry_docs/catalog/model.h"
 #include "registry_docs/layouts/template.h"
 
@@ -28,7 +29,7 @@ class Layouts {
   // program. Throws InputError for what goes wrong within a template, and for a text that
   // holds a block's marker.
   std::string render(const registry_docs::layouts::Template& layout,
-                     const registry_docs::catalog::Model& model);
+                     const registry_docs::catalog::Model& model, const Syntax& syntax);
 
  private:
   using Template = registry_docs::layouts::Template;

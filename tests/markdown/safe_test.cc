@@ -138,7 +138,7 @@ TEST(AppendBlocks, WritesParagraphsLineByLine) {
 
 TEST(AppendBlocks, KeepsFencedBlocks) {
   constexpr Row rows[] = {
-      {"alone", "```json\n{\n\n  *a*\n}\n```", "```json\n  {\n\n    *a*\n  }\n  ```"},
+      {"alone", "```json\n{\n\n  *a*\n}\n```", "```JSON\n  {\n\n    *a*\n  }\n  ```"},
       {"within prose", "a\n~~~\nb\n~~~\nc", "a\n\n  ```text\n  b\n  ```\n\n  c"},
       {"not closed", "````c++\n```\na\n\n", "````c++\n  ```\n  a\n  ````"},
       {"indented", "a:\n\n    ```\n      b\n   c\n    ```",

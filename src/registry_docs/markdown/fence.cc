@@ -1,6 +1,7 @@
 #include "registry_docs/markdown/fence.h"
 
 #include <algorithm>
+#include <array>
 
 #include "registry_docs/markdown/markers_in.h"
 #include "registry_docs/markdown/safe.h"
@@ -11,6 +12,24 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view no_language = "text";
+
+// The languages whose code formatters write anew when they know them by these names. Readers
+// know them in capitals, too.
+constexpr std::array<std::string_view, 36> formatted_languages = {
+    "cjs",   "css",   "cts",  "es6",        "geojson", "gql",  "graphql", "handlebars",
+    "hbs",   "htm",   "html", "javascript", "js",      "json", "json5",   "jsonc",
+    "jsonl", "jsx",   "less", "markdown",   "md",      "mdx",  "mjml",    "mjs",
+    "mts",   "node",  "pcss", "postcss",    "scss",    "ts",   "tsx",     "typescript",
+    "vue",   "xhtml", "yaml", "yml"};
+
+std::string language_name(std::string_view info) {
+  std::string name(info.empty() ? no_language : info);
+  if (std::ranges::find(formatted_languages, name) == formatted_languages.end()) return name;
+  for (char& c : name) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return name;
+}
 
 std::string_view leading_run(std::string_view text, char c) {
   return text.substr(0, std::min(text.find_first_not_of(c), text.size()));
@@ -49,7 +68,7 @@ void append_marked(std::string& to, std::string_view language,
     size = std::max(size, longest_run_of_backquotes(line) + 1);
   }
   const std::string marks(size, '`');
-  to.append(marks).append(language.empty() ? no_language : language);
+  to.append(marks).append(language_name(language));
   for (const std::string_view line : lines) {
     begin_line(to, before, line);
     to += line;

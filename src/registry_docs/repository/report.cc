@@ -7,8 +7,11 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "registry_docs/blocks/margin.h"
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
+#include "registry_docs/markers.h"
+#include "registry_docs/repository/file.h"
 #include "registry_docs/text.h"
 #include "text/join.h"
 
@@ -49,9 +52,9 @@ std::vector<Difference> differences_of(const Matches& matches,
   for (std::size_t i = 0; i < matches.size(); ++i) {
     if (renderers[i] == nullptr) continue;
     try {
-      std::string body = generated.encode((*renderers[i])());
-      if (blocks::has_body(matches[i], body)) continue;
-      found.push_back({i, BlockState::stale, std::move(body) + "\n"});
+      auto body = blocks::new_body(report.text, matches[i],
+                                   generated.encode((*renderers[i])()), generated.syntax);
+      if (body) found.push_back({i, BlockState::stale, *std::move(body)});
     } catch (const ValueError& error) {
       found.push_back({i, BlockState::failed});
       if (report.state != FileState::current) continue;
@@ -98,7 +101,8 @@ std::vector<BlockReport> missing_blocks(const FileReport& report,
                                         const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> last_lines;
   for (const BlockReport& block : report.blocks) {
-    const std::size_t marker_end = report.text.find("-->", block.end) + 3;
+    const std::size_t marker_end =
+        block.end + closing_marker(block.name, generated.syntax.comment).size();
     const bool ends_line = marker_end == report.text.size() || report.text[marker_end] == '\n';
     last_lines.emplace(block.name, ends_line ? block.last_line : 0);
   }
@@ -132,11 +136,11 @@ void describe_blocks(FileReport& report, const Matches& matches,
 // texts are searched for blocks.
 std::string stale_line(const FileReport& report) {
   const std::string text = new_text(report);
-  const auto rendered = blocks::blocks(text);
+  const auto rendered = blocks::blocks(text, report.syntax);
   const std::unordered_map<std::string_view, std::string_view> bodies(rendered.begin(),
                                                                       rendered.end());
   std::vector<std::string_view> stale;
-  for (const auto& [name, body] : blocks::blocks(report.text)) {
+  for (const auto& [name, body] : blocks::blocks(report.text, report.syntax)) {
     const auto found = bodies.find(name);
     if (found == bodies.end() || found->second != body) stale.push_back(name);
   }
@@ -151,7 +155,7 @@ bool is_absent(const std::filesystem::path& path) {
 
 // The blocks that something is known of.
 Matches matches_in(std::string_view text, const GeneratedFile& generated) {
-  Matches matches = blocks::scan(text);
+  Matches matches = blocks::scan(text, generated.syntax);
   if (generated.left_out.empty()) return matches;
   std::erase_if(matches, [&](const blocks::Block& match) {
     return std::ranges::any_of(generated.left_out, [&](const std::string& beginning) {
@@ -159,6 +163,12 @@ Matches matches_in(std::string_view text, const GeneratedFile& generated) {
     });
   });
   return matches;
+}
+
+void read_into(FileReport& report, const std::filesystem::path& path) {
+  std::string bytes = repository::read_regular_file(path);
+  if (report.syntax.keeps_form && bytes.find('\r') != std::string::npos) report.bytes = bytes;
+  report.text = repository::decoded(path, std::move(bytes));
 }
 
 // A file that has parts, and no blocks.
@@ -188,15 +198,15 @@ FileReport report_of_parts(const GeneratedFile& generated, FileReport& report) {
 
 }  // namespace
 
-std::vector<BlockReport> blocks_of(std::string_view text) {
-  return reports_of(text, blocks::scan(text));
+std::vector<BlockReport> blocks_of(std::string_view text, const Syntax& syntax) {
+  return reports_of(text, blocks::scan(text, syntax));
 }
 
 FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
                        Detail detail) {
-  FileReport report{.path = generated.path};
+  FileReport report{.path = generated.path, .syntax = generated.syntax};
   report.is_new = generated.may_be_absent && is_absent(root / generated.path);
-  if (!report.is_new) report.text = read_text(root / generated.path);
+  if (!report.is_new) read_into(report, root / generated.path);
   if (generated.blocks.empty() && generated.parts) return report_of_parts(generated, report);
   const Matches matches = matches_in(report.text, generated);
   auto renderers = blocks::renderers_of(matches, generated);
