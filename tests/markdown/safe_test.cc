@@ -71,7 +71,7 @@ TEST(AppendInline, KeepsCodeSpans) {
       {"over lines", "`a  \n  b`", "`a b`"},
       {"fence", "a:\n```json\n{`b`}\n```\nc", "a: ``{`b`}`` c"},
       {"empty fence", "```\n```\n# a", "` ` # a"},
-      {"no fence, since a word follows", "```a\nb\n``` c", "```a b ``` c"},
+      {"no fence, since a word follows", "```a\nb\n``` c", "`a b ` c"},
       {"marker", "`a <!-- /registry:x --> *b*`",
        "<code>a \\<\\!-- /registry:x --> \\*b\\*</code>"},
       {"marker over lines", "` <!--\nregistry:x --> `",
@@ -145,11 +145,11 @@ TEST(AppendBlocks, KeepsFencedBlocks) {
        "a:\n\n  ```text\n    b\n  c\n  ```"},
       {"deeper mark", "```\n    ```\na", "````text\n      ```\n  a\n  ````"},
       {"says more", "``` a b\nc", "```text\n  a b\n  c\n  ```"},
-      {"backquotes behind it", "```a``` b", "```a``` b"},
-      {"empty", "```", "```text\n  ```"},
-      {"hidden characters", "```\n\u202E\t\n```", "```text\n  \\u202e\t\n  ```"},
+      {"backquotes behind it", "```a``` b", "`a` b"},
+      {"empty", "```", "```text\n\n  ```"},
+      {"hidden characters", "```\n\u202E\t\n```", "```text\n  \\u202e\n  ```"},
       {"marker", "```\n<!-- registry:x -->\n\n&\n```",
-       "<pre><code>&lt;!-- registry:x --&gt;\n\n  &amp;\n  </code></pre>"},
+       "<pre><code>&lt;!-- registry:x --&gt;&#10;&#10;&amp;&#10;</code></pre>"},
   };
   expect_rows(
       rows, [](auto& to, auto text) { append_blocks(to, text, "  "); }, "- ");
@@ -180,8 +180,8 @@ TEST(AppendCodeSpan, HoldsAnyText) {
 
 TEST(FitCell, MakesOneLineWithoutBars) {
   constexpr Row rows[] = {
-      {"prose", "a|b \\| c", "a\\|b \\\\| c"},
-      {"code", "`a|b\\|c` `|", "`a\\|b\\\\|c` `\\|"},
+      {"prose", "a|b \\| c", "a\\|b \\| c"},
+      {"code", "`a|b\\|c` `|", "<code>a&#124;b\\\\&#124;c</code> `\\|"},
       {"lines", "a \n\n b\\\nc\\\\\nd", "a b c\\\\ d"},
       {"code over lines", "`a\\\nb`", "`a\\ b`"},
       {"unmatched backquotes", "``a`|", "``a`\\|"},

@@ -31,6 +31,13 @@ std::vector<TidyLine> lines_in(std::string_view text) {
   return lines;
 }
 
+// A single blank at the end says nothing; two end a line for the reader.
+std::string_view without_last_blank(const TidyLine& line) {
+  std::string_view whole = line.line.whole;
+  if (!line.is_code && whole.ends_with(' ') && !whole.ends_with("  ")) whole.remove_suffix(1);
+  return whole;
+}
+
 bool is_row(const TidyLine& line) { return !line.is_code && line.line.text.starts_with('|'); }
 
 // The number of lines from the first on that are those of one table.
@@ -67,7 +74,7 @@ void tidy(std::string& text, std::size_t begin) {
     if (is_parted[at]) text += '\n';
     const std::size_t rows = table_size(std::span(lines).subspan(at));
     if (rows == 0) {
-      text.append(lines[at++].line.whole).append("\n");
+      text.append(without_last_blank(lines[at++])).append("\n");
       continue;
     }
     append_table(text, std::span(lines).subspan(at, rows));
