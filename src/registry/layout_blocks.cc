@@ -66,7 +66,7 @@ void LayoutBlocks::require_tools(const registry_docs::layouts::Template& layout,
 void LayoutBlocks::add_block(
     const Block& block, const File& file,
     std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks) {
-  const auto& layout = layouts_.get(block.layout);
+  const auto& layout = layouts_.get(block.layout, file.syntax.language);
   require_tools(layout, file.path);
   Model::Block shown{.name = block.name,
                      .heading = block.heading,

@@ -141,6 +141,12 @@ REFUSED = {  # what the registry holds besides, a template, and the message
 }
 
 
+FITTED = {  # a template, and what it makes of a text
+    "a.mdx": ("{{description}} <B c={1} />\n\n{{description | html}}\n\n{{description | blocks}}",
+              "a \\<b> \\{c\\} import d <B c={1} />\n\na &lt;b&gt; &#123;c&#125;\n&#10;import d\n\n"
+              "a \\<b> \\{c\\}\n\n&#105;mport d"),
+    "a.html": ("<p>{{description}}", "<p>a &lt;b&gt; {c}\n&#10;import d"),
+    "a.c": ("// {{description}}", "// a <b> {c} import d")}
 ANY_FILES = [("a.py", ["#", ""], "    "), ("a.c", ["/*", "*/"], ""), ("a.mdx", ["{/*", "*/}"], "")]
 NO_MARKDOWN = {  # of files with a block "tools"
     (("comment", ("#", "")),): 'registry-docs.json: files[0].blocks[0]: expected the layout count or a template of '
@@ -267,6 +273,19 @@ class Layouts(unittest.TestCase):
         (self.root / "README.md").write_text(f"{example}<!--registry:count-->\n{example}")
         self.assertIn("README.md:5: this is almost a marker of count; write <!-- registry:count -->\nWhen",
                       self.run_program("--check").stderr)
+
+    def test_texts_fit_their_file(self):
+        text = "a <b> {c}\n\nimport d"
+        (self.root / "answer.json").write_text(json.dumps({"tools": [{"name": "n", "description": text}]}))
+        for path, (template, expected) in FITTED.items():
+            with self.subTest(path):
+                (self.root / "own.mustache").write_text(f"{{{{#tools}}}}\n{template}\n{{{{/tools}}}}\n")
+                document = {"files": [{"path": path, "blocks": [{"name": "own", "layout": "own.mustache"}]}]}
+                begin, end = {"x": ("{/*", "*/}"), "l": ("<!--", "-->")}.get(path[-1], ("/*", "*/"))
+                document["files"][0]["comment"] = [begin, end]
+                (self.root / "registry-docs.json").write_text(json.dumps(document))
+                (self.root / path).write_text(f"{begin} registry:own {end}\n{begin} /registry:own {end}")
+                self.assertEqual(self.written(path).split("\n", 1)[1].rsplit("\n", 1)[0].strip("\n"), expected)
 
     def test_files_that_take_no_markdown(self):
         for more, message in NO_MARKDOWN.items():

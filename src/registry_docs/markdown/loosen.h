@@ -9,8 +9,8 @@
 
 namespace registry_docs::markdown {
 
-// Of each line, whether a blank line is lacking before it: it begins an item behind one whose
-// parts stand apart, or a list that is a part of such an item.
+// Of each line, whether a blank line is lacking before it: it begins an item behind one that
+// holds a blank line, or a list in an item whose parts stand apart.
 std::vector<bool> lines_to_part(std::span<const TidyLine> lines);
 
 }  // namespace registry_docs::markdown
