@@ -68,7 +68,7 @@ void require_agreement() {
 
 void register_scan() {
   for (const Corpus& corpus : corpora) {
-    add("scan", corpus, blocks::scan);
+    add("scan", corpus, [](std::string_view text) { return blocks::scan(text); });
     add("memchr", corpus, look_through);
     add("pcre2", corpus, pcre2_scan);
   }

@@ -47,15 +47,14 @@ std::string_view fence(std::string_view line) {
 }
 
 void require_closed_blocks(const std::string& blocks) {
-  std::string open;  // the fence that is, or the end of the HTML
-  const std::string html_end = "</code></pre>";
+  std::string open;  // the fence that is
   std::istringstream lines(blocks);
   for (std::string line; std::getline(lines, line);) {
     const std::string_view found = fence(line);
     if (open.empty()) {
-      open = strip(line).starts_with("<pre><code>") ? html_end : found;
-    } else if (open == html_end) {
-      if (line.ends_with(html_end)) open.clear();
+      open = found;
+      const bool is_html = strip(line).starts_with("<pre><code>");
+      require(!is_html || line.ends_with("</code></pre>"), "HTML on one line", blocks);
     } else if (found.size() >= open.size() && line.ends_with('`')) {
       open.clear();
     }

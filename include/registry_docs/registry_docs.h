@@ -6,6 +6,8 @@
 //     ...
 //     <!-- /registry:NAME -->
 //
+// or in comments of another kind, which the file's Syntax says.
+//
 // All texts are UTF-8, and sizes and offsets count bytes. Nothing is cached: every call
 // reads the host anew. Operations on different hosts and roots may run in different
 // threads; nothing guards one file against two writers.
@@ -22,6 +24,7 @@
 
 #include "registry_docs/errors.h"
 #include "registry_docs/host.h"
+#include "registry_docs/syntax.h"
 
 namespace registry_docs {
 
@@ -64,6 +67,7 @@ struct GeneratedFile {
   // Beginnings of names: blocks of such names are not looked at, since nothing is known of
   // them now.
   std::vector<std::string> left_out = {};
+  Syntax syntax = {};
 };
 
 // --- Blocks in a text ---
@@ -73,8 +77,8 @@ struct GeneratedFile {
 std::vector<std::string_view> block_names(std::string_view text);
 
 // `text` with the body of each block replaced by its renderer's text, encoded, and one
-// line feed. Line endings in `text` must be line feeds. Each renderer is called once, in
-// the order in which the blocks stand in `text`.
+// line feed, or as the file's syntax wants it. Line endings in `text` must be line feeds. Each
+// renderer is called once, in the order in which the blocks stand in `text`.
 //
 // Throws ValueError, before any renderer is called, unless `text` holds exactly the
 // declared blocks, each once; the message begins with `generated.path` and names the

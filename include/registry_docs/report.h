@@ -53,11 +53,13 @@ struct FileReport {
   std::string problem = {};                // the line of stale_blocks; empty when current
   std::string text = {};                   // the file's text, with line feeds if not
   bool keeps_line_ends = false;            // with its own line ends
+  std::string bytes = {};                  // the file, where its blocks keep its line endings
   bool is_new = false;                     // there is no such file yet
+  Syntax syntax = {};
 };
 
 // The blocks of a text with their places, as current.
-std::vector<BlockReport> blocks_of(std::string_view text);
+std::vector<BlockReport> blocks_of(std::string_view text, const Syntax& syntax = {});
 
 // What a report tells of a current file: all, or no more than that it is current and its text.
 enum class Detail { problems, everything };
@@ -79,10 +81,14 @@ std::vector<FileReport> report(const Host& host, const std::filesystem::path& ro
 // The text that a write would write: the file's own, with the rendered bodies of stale blocks.
 std::string new_text(const FileReport& file);
 
+// The same as the file holds it. Of a file that keeps its line endings each block has that of
+// its opening marker; any other has line feeds.
+std::string new_bytes(const FileReport& file);
+
 // Makes the files what they were reported to become, each of which is current or stale: those
-// whose text differs now are rewritten, in place and with line feeds as line endings, if they
-// do not keep their own. Returns their paths in order. Throws FileError for a file that cannot
-// be written: that file holds its old text and the files before it their new one.
+// whose text differs now are rewritten, in place, as `new_bytes`. Returns their paths in
+// order. Throws FileError for a file that cannot be written: that file holds its old text and
+// the files before it their new one.
 std::vector<std::string> write_files(std::span<const FileReport> files,
                                      const std::filesystem::path& root);
 

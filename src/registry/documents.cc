@@ -29,7 +29,10 @@ std::string standard_input() {
   return bytes;
 }
 
-bool is_there(const std::filesystem::path& path) { return ::access(path.c_str(), F_OK) == 0; }
+// What cannot be looked at is there: reading it tells what hinders.
+bool is_there(const std::filesystem::path& path) {
+  return ::access(path.c_str(), F_OK) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
 
 std::shared_ptr<Document> repository_file(const std::filesystem::path& path) {
   return std::make_shared<Document>(

@@ -188,13 +188,29 @@ Encoding encoding_of(const json::Node& declared) {
                   registry_docs::in_quotes(declared.string()));
 }
 
+// The program's own layouts, but for a number, are Markdown.
+void require_fitting(const File& file, const json::Node& declared) {
+  const bool is_html = file.syntax.language == Language::html;
+  if (!is_html && file.syntax.language != Language::source) return;
+  std::size_t at = 0;
+  declared.for_each_element([&](const json::Node& block) {
+    const std::string& layout = file.blocks[at++].layout;
+    if (layout == "count" || layout.ends_with(template_ending)) return;
+    block.refuse(std::string("the layout count or a template of your own in ") +
+                     (is_html ? "HTML" : "a file with comments of its own"),
+                 registry_docs::in_quotes(file.blocks[at - 1].name) + ", which is Markdown");
+  });
+}
+
 File file_of(const json::Node& declared, const Names& choices,
              const std::vector<std::string>& servers) {
-  constexpr std::array<std::string_view, 3> names = {"path", "blocks", "encode"};
+  constexpr std::array<std::string_view, 4> names = {"path", "blocks", "encode", "comment"};
   require_known_members(declared, names);
   File file{.path = path_in_repository(declared.at("path")),
             .blocks = blocks_of(declared.at("blocks"), choices, servers)};
   if (const auto encode = declared.find("encode")) file.encoding = encoding_of(*encode);
+  file.syntax = syntax_of(file.path, declared.find("comment"));
+  require_fitting(file, declared.at("blocks"));
   return file;
 }
 

@@ -9,6 +9,7 @@
 
 #include "json/node.h"
 #include "registry/file_member.h"
+#include "registry/syntax.h"
 #include "registry_docs/host.h"
 
 namespace registry {
@@ -29,6 +30,7 @@ struct File {
   std::vector<Block> blocks = {};
   std::vector<FileMember> members = {};
   registry_docs::Encoding encoding = registry_docs::Encoding::none;
+  Syntax syntax = {};
 };
 
 // From the registry's member "files", which must be there. The blocks of a command line are on

@@ -11,6 +11,7 @@
 #include "registry/general_host.h"
 #include "registry/snapshot.h"
 #include "registry/snapshot_file.h"
+#include "registry_docs/markdown/tidy.h"
 #include "registry_docs/text.h"
 #include "tesmo_sorvet/host.h"
 
@@ -22,6 +23,14 @@ using json::Node;
 using registry_docs::GeneratedFile;
 
 bool is_of_layout(const Block& block) { return !block.layout.empty(); }
+
+registry_docs::Renderer made_tidy(registry_docs::Renderer render) {
+  return [render = std::move(render)] {
+    std::string text = render();
+    registry_docs::markdown::tidy(text, 0);
+    return text;
+  };
+}
 
 // What one source's server offers: its answer, or what the registry document declares.
 struct Offer {
@@ -132,15 +141,20 @@ class Binder {
       if (add_members(declared, file)) bound_.files.push_back(std::move(file));
       return;
     }
+    file.syntax = declared.syntax.file;
     for (const Block& block : declared.blocks) {
       if (is_of_layout(block)) {
-        add_layout_block(block, declared.path, file);
+        add_layout_block(block, declared, file);
         continue;
       }
       GeneratedFile made = registry_docs::generated_file(
           *bound_.host, {declared.path, {block.name}, declared.encoding});
       file.encode = made.encode;
-      std::ranges::move(made.blocks, std::back_inserter(file.blocks));
+      for (auto& [name, render] : made.blocks) {
+        file.blocks.emplace_back(std::move(name), file.syntax.is_markdown
+                                                      ? made_tidy(std::move(render))
+                                                      : std::move(render));
+      }
     }
     bound_.files.push_back(std::move(file));
   }
@@ -170,9 +184,9 @@ class Binder {
     return found == bound_.layouts.end() ? nullptr : found->get();
   }
 
-  void add_layout_block(const Block& block, const std::string& path, GeneratedFile& file) {
+  void add_layout_block(const Block& block, const File& declared, GeneratedFile& file) {
     if (LayoutBlocks* const layouts = layouts_of(block.server)) {
-      return layouts->add_block(block, path, file.blocks);
+      return layouts->add_block(block, declared, file.blocks);
     }
     file.left_out.push_back(block.server + ":");
   }

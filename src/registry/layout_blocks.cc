@@ -63,16 +63,16 @@ void LayoutBlocks::require_tools(const std::string& path) const {
 }
 
 void LayoutBlocks::add_block(
-    const Block& block, const std::string& path,
+    const Block& block, const File& file,
     std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks) {
-  const auto& layout = layouts_.get(block.layout);
-  if (shows_tools(layout)) require_tools(path);
+  const auto& layout = layouts_.get(block.layout, file.syntax.language);
+  if (shows_tools(layout)) require_tools(file.path);
   Model::Block shown{.name = block.name,
                      .heading = block.heading,
-                     .reference = link_between(path, reference_)};
+                     .reference = link_between(file.path, reference_)};
   const auto add = [&](const Model::Block& each) {
-    blocks.emplace_back(each.name, [this, &layout, each] {
-      return layouts_.render(layout, Model(catalog_, each));
+    blocks.emplace_back(each.name, [this, &layout, each, syntax = file.syntax] {
+      return layouts_.render(layout, Model(catalog_, each), syntax);
     });
   };
   if (!shown.name.ends_with('*')) return add(shown);

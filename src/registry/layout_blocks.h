@@ -38,10 +38,10 @@ class LayoutBlocks {
   // none.
   void require_tools(const std::string& path) const;
 
-  // Adds the block of the file at `path`, or the blocks that its name stands for. Their
+  // Adds the block of the file, or the blocks that its name stands for. Their
   // renderers borrow this. Throws InputError for a template that is none, and for one of tools
   // where the server answered none; FileError for a template that cannot be read.
-  void add_block(const Block& block, const std::string& path,
+  void add_block(const Block& block, const File& file,
                  std::vector<std::pair<std::string, registry_docs::Renderer>>& blocks);
 
  private:

@@ -47,5 +47,39 @@ TEST(RenderFile, ReplacesTheBodiesAloneOrRefusesTheMarkers) {
   }
 }
 
+TEST(RenderFile, PutsTheLinesOfABlockBehindItsMargin) {
+  const Syntax markdown{.is_markdown = true, .keeps_form = true};
+  const Syntax source{.comment = {"#", ""}, .keeps_form = true};
+  const struct {
+    const char* name;
+    Syntax syntax;
+    std::string text;
+    std::string expected;
+  } rows[] = {
+      {"none", markdown, "[a]\n[/a]\n", "[a]\n\n1\n\n2\n\n[/a]\n"},
+      {"blanks", markdown, "- x\n\n  [a]\n[/a]\n", "- x\n\n  [a]\n\n  1\n\n  2\n\n  [/a]\n"},
+      {"item", markdown, "10. - [a]\nx[/a]", "10. - [a]\n\n      1\n\n      2\n\n      [/a]"},
+      {"quotation", markdown, "> [a]\n> [/a]", "> [a]\n>\n> 1\n>\n> 2\n>\n> [/a]"},
+      {"item in a quotation", markdown, ">\t- [a]\n[/a]",
+       ">\t- [a]\n>\n>\t  1\n>\n>\t  2\n>\n>\t  [/a]"},
+      {"behind a text", markdown, " x: [a]\n[/a]", " x: [a]\n\n 1\n\n 2\n\n [/a]"},
+      {"source", source, "\t# registry:a\n# /registry:a\n",
+       "\t# registry:a\n\t1\n\n\t2\n\t# /registry:a\n"},
+      {"first host", {}, "  [a]\n[/a]", "  [a]\n1\n\n2\n[/a]"},
+  };
+  for (const auto& [name, syntax, text, expected] : rows) {
+    GeneratedFile generated{.path = "x", .syntax = syntax};
+    generated.blocks.emplace_back("a", [] { return "1\n\n2"; });
+    EXPECT_EQ(render_file(markers(text), generated), markers(expected)) << name;
+    EXPECT_EQ(render_file(markers(expected), generated), markers(expected)) << name;
+  }
+}
+
+TEST(RenderFile, LeavesABlankLineForAnEmptyText) {
+  GeneratedFile generated{.path = "x", .syntax = {.is_markdown = true, .keeps_form = true}};
+  generated.blocks.emplace_back("a", [] { return "\n"; });
+  EXPECT_EQ(render_file(markers("> [a]\n[/a]"), generated), markers("> [a]\n>\n> [/a]"));
+}
+
 }  // namespace
 }  // namespace registry_docs

@@ -19,7 +19,7 @@ GENERAL = {  # what the registry of a server's repository says
     "tools": [{"name": "add", "inputSchema": {"type": "object", "required": ["a"], "properties": {
         "a": {"type": ["string", "null"], "description": "A", "minimum": 1}, "b": {"enum": [1, "x"]},
         "c": {"type": "array", "items": {"type": "string"}}, "d": {"anyOf": [{"type": "integer"}]}}}}],
-    "files": [{"path": "README.md", "blocks": ["readme-tools"], "encode": "none"},
+    "files": [{"path": "README.md", "blocks": ["readme-tools"], "encode": "none", "comment": ["<!--", "-->"]},
               {"path": "src/tesmo_sorvet/tool_registry.json", "member": "/a/b", "value": "names", "of": "tools"}],
     "claims": [{"path": "*.md", "text": "{tools} a", "allow": ["a"]}]}
 

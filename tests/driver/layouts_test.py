@@ -30,10 +30,10 @@ ANSWER = {"serverInfo": {"name": "notes", "title": "Notes"}, "tools": [
 GROUPS = [{"name": "look", "title": "Looking", "tools": ["read_*"]},
           {"name": "rest", "tools": ["*"], "extra": {"mark": "!"}}]
 TABLE = """\
-| Tool | Description | Effect |
-| --- | --- | --- |
+| Tool                                   | Description               | Effect      |
+| -------------------------------------- | ------------------------- | ----------- |
 | [`write_note`](docs/all.md#write_note) | Writes `a\\|b` to \\<path>. | destructive |
-| [`read_note`](docs/all.md#read_note) |  | read-only |
+| [`read_note`](docs/all.md#read_note)   |                           | read-only   |
 """
 GROUPED = """\
 Looking: read_note.
@@ -56,7 +56,7 @@ Parameters:
 
 ## `read_note`
 
-**Read**
+Title: Read
 
 Hints: read-only
 
@@ -141,6 +141,27 @@ REFUSED = {  # what the registry holds besides, a template, and the message
 }
 
 
+FITTED = {  # a template, and what it makes of a text
+    "a.mdx": ("{{description}} <B c={1} />\n\n{{description | html}}\n\n{{description | blocks}}",
+              "a \\<b> \\{c\\} import d <B c={1} />\n\na &lt;b&gt; &#123;c&#125;\n&#10;import d\n\n"
+              "a \\<b> \\{c\\}\n\n&#105;mport d"),
+    "a.html": ("<p>{{description}}", "<p>a &lt;b&gt; {c}\n&#10;import d"),
+    "a.c": ("// {{description}}", "// a <b> {c} import d")}
+ANY_FILES = [("a.py", ["#", ""], "    "), ("a.c", ["/*", "*/"], ""), ("a.mdx", ["{/*", "*/}"], "")]
+NO_MARKDOWN = {  # of files with a block "tools"
+    (("comment", ("#", "")),): 'registry-docs.json: files[0].blocks[0]: expected the layout count or a template of '
+                               'your own in a file with comments of its own, found "tools", which is Markdown\n',
+    (("path", "a.html"),): 'registry-docs.json: files[0].blocks[0]: expected the layout count or a template of '
+                           'your own in HTML, found "tools", which is Markdown\n',
+    (("comment", ("#",)),): 'registry-docs.json: files[0].comment: expected the beginning of a comment and its end, '
+                            'as in ["#", ""], found 1 text\n',
+    (("comment", ("", "")),): 'registry-docs.json: files[0].comment[0]: expected 1 to 20 characters of ASCII without '
+                              'blanks at the ends, found ""\n',
+    (("comment", ("#", " ")),): 'registry-docs.json: files[0].comment[1]: expected nothing or 1 to 20 characters of '
+                                'ASCII without blanks at the ends, found " "\n',
+}
+
+
 def described(texts):
     """An answer that holds each text wherever there may be one."""
     def schema(text):
@@ -188,11 +209,11 @@ class Layouts(unittest.TestCase):
         self.declare({"README.md": ["tools", "count", "tool:*"],
                       "docs/all.md": [{"name": "all", "layout": "reference", "heading": 2}]})
         readme = self.written("README.md")
-        self.assertIn(f"-->\n{TABLE}<!--", readme)
-        self.assertIn("<!-- registry:count -->\n2\n", readme)
-        self.assertIn("<!-- registry:tool:read_note -->\n**Read**\n\nHints: read-only\n<!--", readme)
-        self.assertEqual((self.root / "docs/all.md").read_text().split("-->\n", 1)[1],
-                         REFERENCE + "<!-- /registry:all -->\n")
+        self.assertIn(f"-->\n\n{TABLE}\n<!--", readme)
+        self.assertIn("<!-- registry:count -->\n\n2\n", readme)
+        self.assertIn("<!-- registry:tool:read_note -->\n\nTitle: Read\n\nHints: read-only\n\n<!--", readme)
+        self.assertEqual((self.root / "docs/all.md").read_text().split("-->\n\n", 1)[1],
+                         REFERENCE + "\n<!-- /registry:all -->\n")
 
     def test_a_template_of_one_s_own(self):
         (self.root / "own.mustache").write_text(
@@ -205,7 +226,7 @@ class Layouts(unittest.TestCase):
                 more["groups"][1] = {"name": "change", "title": "rest", "extra": {"mark": "!"}}
             with self.subTest(more):
                 self.declare({"README.md": [own]}, **more)
-                self.assertIn(f"-->\n{GROUPED}<!--", self.written("README.md"))
+                self.assertIn(f"-->\n\n{GROUPED}\n<!--", self.written("README.md"))
 
     def test_scopes_and_html_of_the_maintainers(self):
         (self.root / "answer.json").write_text(json.dumps(SCOPES))
@@ -213,7 +234,7 @@ class Layouts(unittest.TestCase):
         self.declare({"README.md": [{"name": "own", "layout": "own.mustache"}]},
                      groups=[{"name": "issues", "title": "Issues", "tools": ["*"], "extra": {"icon": '<img src="a.png">'}}],
                      tools=[{"name": "list_issues", "extra": {"scopes": ["repo", "read:org"]}}])
-        self.assertIn(f"-->\n{SCOPES_LIST}\n<!--", self.written("README.md"))
+        self.assertIn(f"-->\n\n{SCOPES_LIST}\n<!--", self.written("README.md"))
 
     def test_hostile_texts_at_every_place(self):
         texts = [text for text in hostile_texts.TEXTS if visible_text.of_blocks(text)]
@@ -223,6 +244,55 @@ class Layouts(unittest.TestCase):
                 (self.root / "answer.json").write_text(json.dumps(answer))
                 self.declare({"README.md": layouts})
                 self.assertEqual(shown_page.unseen(answer, self.written("README.md")), [])
+
+    def test_blocks_in_files_of_any_kind(self):
+        (self.root / "own.mustache").write_text("{{#tools}}\n{{{name}}}\n{{/tools}}\n")
+        for path, comment, margin in ANY_FILES:
+            with self.subTest(path):
+                comment, (begin, end) = ({"comment": comment}, comment) if path[-1] != "x" else ({}, comment)
+                names = [f"{begin} {sign}registry:own {end}".rstrip() for sign in ("", "/")]
+                self.declare({path: [{"name": "own", "layout": "own.mustache"}]})
+                document = json.loads((self.root / "registry-docs.json").read_text())
+                document["files"][0] |= comment
+                (self.root / "registry-docs.json").write_text(json.dumps(document))
+                (self.root / path).write_bytes(b"a\r\n\nb\r")
+                done = self.run_program("--check")
+                self.assertIn("put these lines where the lists shall stand:\n" + "\n".join(names), done.stderr)
+                (self.root / path).write_bytes(f"a\r\n{margin}{names[0]}\r\n{names[1]}\nb\r".encode())
+                self.written(path)
+                gap = "\r\n" if path[-1] == "x" else ""
+                self.assertEqual((self.root / path).read_bytes().decode(), (
+                    f"a\r\n{margin}{names[0]}\r\n{gap}{margin}write_note\r\n{margin}read_note\r\n{gap}{margin}"
+                    f"{names[1]}\nb\r"))
+
+    def test_examples_of_markers(self):
+        self.declare({"README.md": ["count"]})
+        example = "```html\n<!-- registry:count -->\n<!--/registry:count-->\n```\n"
+        (self.root / "README.md").write_text(example)
+        self.assertIn("README.md: missing count; put these lines where", self.run_program("--check").stderr)
+        (self.root / "README.md").write_text(f"{example}<!--registry:count-->\n{example}")
+        self.assertIn("README.md:5: this is almost a marker of count; write <!-- registry:count -->\nWhen",
+                      self.run_program("--check").stderr)
+
+    def test_texts_fit_their_file(self):
+        text = "a <b> {c}\n\nimport d"
+        (self.root / "answer.json").write_text(json.dumps({"tools": [{"name": "n", "description": text}]}))
+        for path, (template, expected) in FITTED.items():
+            with self.subTest(path):
+                (self.root / "own.mustache").write_text(f"{{{{#tools}}}}\n{template}\n{{{{/tools}}}}\n")
+                document = {"files": [{"path": path, "blocks": [{"name": "own", "layout": "own.mustache"}]}]}
+                begin, end = {"x": ("{/*", "*/}"), "l": ("<!--", "-->")}.get(path[-1], ("/*", "*/"))
+                document["files"][0]["comment"] = [begin, end]
+                (self.root / "registry-docs.json").write_text(json.dumps(document))
+                (self.root / path).write_text(f"{begin} registry:own {end}\n{begin} /registry:own {end}")
+                self.assertEqual(self.written(path).split("\n", 1)[1].rsplit("\n", 1)[0].strip("\n"), expected)
+
+    def test_files_that_take_no_markdown(self):
+        for more, message in NO_MARKDOWN.items():
+            with self.subTest(more):
+                document = {"files": [{"path": "a.py", "blocks": ["tools"]} | dict(more)]}
+                (self.root / "registry-docs.json").write_text(json.dumps(document))
+                self.assertEqual(self.run_program("--check").stderr.replace(f"{self.root}/", ""), message)
 
     def test_refusals(self):
         for name, (more, template, message) in REFUSED.items():

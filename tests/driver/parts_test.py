@@ -13,7 +13,7 @@ ANSWER = {"tools": [{"name": "search", "description": "Finds.", "inputSchema": {
 TOOLS = {"path": "m.json", "member": "/tools", "value": "names"}
 COUNT = {"path": "R.md", "text": "**{tools} tools**"}
 SKILL = {"path": "s/**/*.md", "text": "n__{tool}", "allow": ["n__old"]}
-BLOCK = "<!-- registry:count -->\n%s\n<!-- /registry:count -->\n"
+BLOCK = "<!-- registry:count -->\n\n%s\n\n<!-- /registry:count -->\n"
 RUN = "To bring the blocks up to date, run:\n"
 MENDED = "When that is mended, bring the blocks up to date:\n"
 
@@ -177,9 +177,9 @@ class Parts(unittest.TestCase):
         registry = {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}]}
         member = {"path": "manifest.json", "member": "/tools", "value": "names-and-descriptions"}
         claims = [{"path": "R.md", "text": "{tools} tools"}, {"path": "R.md", "text": "mcp__n__{tool}"}]
-        said = ("R.md:4: 2 tools, of 1; if all are meant, a claim keeps the number right: \"claims\": "
+        said = ("R.md:6: 2 tools, of 1; if all are meant, a claim keeps the number right: \"claims\": "
                 f"{json.dumps(claims[0])}\n"
-                "R.md:4: mcp__n__ stands before names of tools; a claim has them looked up: \"claims\": "
+                "R.md:6: mcp__n__ stands before names of tools; a claim has them looked up: \"claims\": "
                 f"{json.dumps(claims[1])}\n"
                 "manifest.json: its tools are kept by hand; a generated member keeps them right: \"files\": "
                 f"{json.dumps(member)}\n")
@@ -199,8 +199,8 @@ class Parts(unittest.TestCase):
             "R.md": "a\n**2 tools** (2) (3)\n" + BLOCK % "2" + "(1)"})
         self.assertEqual(self.run_program("--check", "--diff")[1],
                          "R.md: blocks out of date: count; out of date: **{tools} tools**, ({tools})\n--- a/R.md\n+++ b/R.md\n"
-                         "@@ -1,6 +1,6 @@ **{tools} tools**, ({tools}), count\n a\n-**2 tools** (2) (3)\n"
-                         "+**1 tools** (1) (1)\n <!-- registry:count -->\n-2\n+1\n <!-- /registry:count -->\n"
+                         "@@ -1,8 +1,8 @@ **{tools} tools**, ({tools}), count\n a\n-**2 tools** (2) (3)\n"
+                         "+**1 tools** (1) (1)\n <!-- registry:count -->\n \n-2\n+1\n \n <!-- /registry:count -->\n"
                          " (1)\n\\ No newline at end of file\n")
         _, diff, _ = self.run_program("--check", "--diff")
         subprocess.run(["git", "apply"], cwd=self.root, input=diff.encode(), check=True)

@@ -25,11 +25,11 @@ PARAMS = """\
 
 #### Parameters
 
-| Parameter | Type | Required | Default | Actions | Description |
-| --- | --- | --- | --- | --- | --- |
-| `a` | integer | Yes | -- | all | At least 1. |
-| `b` | number | No | 1.0 (mean: 2) | mean |  |
-| `action` | string | No | -- | all | One of `sum`, `mean`. |
+| Parameter | Type    | Required | Default       | Actions | Description           |
+| --------- | ------- | -------- | ------------- | ------- | --------------------- |
+| `a`       | integer | Yes      | --            | all     | At least 1.           |
+| `b`       | number  | No       | 1.0 (mean: 2) | mean    |                       |
+| `action`  | string  | No       | --            | all     | One of `sum`, `mean`. |
 """
 ADDED = [{"name": "add", "tier": "late", "summary": "Adds numbers", "params": [
     {"name": "b", "applies_to": ["mean"], "action_defaults": {"mean": 2}}]}]
@@ -95,7 +95,7 @@ class Server(unittest.TestCase):
         self.expect("--write --save-tools tools.json", 0, "README.md\ndocs/tools.md\nskill.py\n", "")
         texts = {name: (self.root / name).read_text() for name in TEXTS}
         self.assertIn("2 tools for sums, 1 core and 1 late. ", texts["README.md"])
-        self.assertIn("| **Late** | `add` | `sum`, `mean` | Adds numbers |", texts["README.md"])
+        self.assertIn("| **Late** | `add`  | `sum`, `mean` | Adds numbers |", texts["README.md"])
         self.assertIn("**2 MCP tools** provided by Sums, 1 core and 1 late.", texts["docs/tools.md"])
         self.assertIn(PARAMS, texts["docs/tools.md"])
         self.assertIn("## Tool reference (2 tools)\n", texts["skill.py"])

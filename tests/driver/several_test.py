@@ -58,7 +58,7 @@ class Several(unittest.TestCase):
         self.expect((0, "README.md\n", ""), "--write")
         self.expect((0, "", ""), "--check")
         readme = (self.root / "README.md").read_text()
-        for part in ("| `list` | Lists. |", "two:count -->\n1\n", "two:all -->\n- `drop`: Drops.\n"):
+        for part in ("| `list` | Lists.      |", "two:count -->\n\n1\n", "two:all -->\n\n- `drop`: Drops.\n"):
             self.assertIn(part, readme)
 
     def test_one_that_fails_does_not_hide_the_others(self):

@@ -1,6 +1,7 @@
 #include "registry_docs/markdown/safe.h"
 
 #include <gtest/gtest.h>
+#include "registry_docs/markdown/mdx.h"
 
 namespace registry_docs::markdown {
 namespace {
@@ -23,7 +24,8 @@ void expect_rows(const Row (&rows)[size], Append append,
 
 TEST(AppendInline, LeavesProseAsItIs) {
   constexpr std::string_view texts[] = {
-      "Reads a file (UTF-8), e.g. a.txt - or 3 * 4; x = y + 1. \"Quoted\", 'quoted': 100% #1!",
+      "Reads a file (UTF-8), e.g. a.txt - or 3 * 4; x = y + 1. \"Quoted\", 'quoted': 100% "
+      "#1!",
       "snake_case_name, größe_der_datei, a<, b & c, AT&T, nodes[] and 2 > 1",
       "C:\\Users\\name \\d+ | a ~ b _ c {x} ${y} $z @user :tada: `**` ``a ` b`` a://b",
       "日本語 שלום 👩\u200D🔬 \u00A0x",
@@ -71,7 +73,7 @@ TEST(AppendInline, KeepsCodeSpans) {
       {"over lines", "`a  \n  b`", "`a b`"},
       {"fence", "a:\n```json\n{`b`}\n```\nc", "a: ``{`b`}`` c"},
       {"empty fence", "```\n```\n# a", "` ` # a"},
-      {"no fence, since a word follows", "```a\nb\n``` c", "```a b ``` c"},
+      {"no fence, since a word follows", "```a\nb\n``` c", "`a b ` c"},
       {"marker", "`a <!-- /registry:x --> *b*`",
        "<code>a \\<\\!-- /registry:x --> \\*b\\*</code>"},
       {"marker over lines", "` <!--\nregistry:x --> `",
@@ -138,18 +140,18 @@ TEST(AppendBlocks, WritesParagraphsLineByLine) {
 
 TEST(AppendBlocks, KeepsFencedBlocks) {
   constexpr Row rows[] = {
-      {"alone", "```json\n{\n\n  *a*\n}\n```", "```json\n  {\n\n    *a*\n  }\n  ```"},
+      {"alone", "```json\n{\n\n  *a*\n}\n```", "```JSON\n  {\n\n    *a*\n  }\n  ```"},
       {"within prose", "a\n~~~\nb\n~~~\nc", "a\n\n  ```text\n  b\n  ```\n\n  c"},
       {"not closed", "````c++\n```\na\n\n", "````c++\n  ```\n  a\n  ````"},
       {"indented", "a:\n\n    ```\n      b\n   c\n    ```",
        "a:\n\n  ```text\n    b\n  c\n  ```"},
       {"deeper mark", "```\n    ```\na", "````text\n      ```\n  a\n  ````"},
       {"says more", "``` a b\nc", "```text\n  a b\n  c\n  ```"},
-      {"backquotes behind it", "```a``` b", "```a``` b"},
-      {"empty", "```", "```text\n  ```"},
-      {"hidden characters", "```\n\u202E\t\n```", "```text\n  \\u202e\t\n  ```"},
+      {"backquotes behind it", "```a``` b", "`a` b"},
+      {"empty", "```", "```text\n\n  ```"},
+      {"hidden characters", "```\n\u202E\t\n```", "```text\n  \\u202e\n  ```"},
       {"marker", "```\n<!-- registry:x -->\n\n&\n```",
-       "<pre><code>&lt;!-- registry:x --&gt;\n\n  &amp;\n  </code></pre>"},
+       "<pre><code>&lt;!-- registry:x --&gt;&#10;&#10;&amp;&#10;</code></pre>"},
   };
   expect_rows(
       rows, [](auto& to, auto text) { append_blocks(to, text, "  "); }, "- ");
@@ -180,8 +182,8 @@ TEST(AppendCodeSpan, HoldsAnyText) {
 
 TEST(FitCell, MakesOneLineWithoutBars) {
   constexpr Row rows[] = {
-      {"prose", "a|b \\| c", "a\\|b \\\\| c"},
-      {"code", "`a|b\\|c` `|", "`a\\|b\\\\|c` `\\|"},
+      {"prose", "a|b \\| c", "a\\|b \\| c"},
+      {"code", "`a|b\\|c` `|", "<code>a&#124;b\\\\&#124;c</code> `\\|"},
       {"lines", "a \n\n b\\\nc\\\\\nd", "a b c\\\\ d"},
       {"code over lines", "`a\\\nb`", "`a\\ b`"},
       {"unmatched backquotes", "``a`|", "``a`\\|"},
@@ -191,6 +193,34 @@ TEST(FitCell, MakesOneLineWithoutBars) {
     to += text;
     fit_cell(to, std::string_view("before").size());
   });
+}
+
+TEST(MakeMdx, LeavesNothingThatActs) {
+  constexpr Row rows[] = {
+      {"braces", "${a} } \\{", "$\\{a\\} \\} \\\\\\{"},
+      {"angles", "a < b <c> <5 <=", "a \\< b \\<c> \\<5 \\<="},
+      {"code", "`{a} <b>` {", "`{a} <b>` \\{"},
+      {"code of a program", "import a\nexport b\nimported",
+       "&#105;mport a\\\n&#101;xport b\\\n&#105;mported"},
+      {"address", "https://a.b/_{c}?(d)",
+       "[https\\://a.b/\\_\\{c\\}?(d)](https://a.b/_%7Bc%7D?%28d%29)"},
+      {"fence", "```\n{a} <b>\n\nimport\n```\n{", "```text\n{a} <b>\n\nimport\n```\n\n\\{"},
+      {"its marker", "{/* registry:x */}", "\\{/\\* registry:x \\*/\\}"},
+      {"its marker in code", "`{/* registry:x */}`",
+       "<code>&#123;&#47;&#42; registry&#58;x &#42;&#47;&#125;</code>"},
+      {"its marker in a fence", "```\n{/*registry\n```",
+       "<pre><code>&#123;&#47;&#42;registry&#10;</code></pre>"},
+      {"a marker in a fence", "```\n<!-- registry:x -->{}\n```",
+       "<pre><code>&lt;&#33;&#45;&#45; registry&#58;x "
+       "&#45;&#45;&gt;&#123;&#125;&#10;</code></pre>"},
+  };
+  for (const auto& [name, text, expected] : rows) {
+    std::string to = "before\n";
+    const std::size_t begin = to.size();
+    append_blocks(to, text, "");
+    make_mdx(to, begin);
+    EXPECT_EQ(to, "before\n" + std::string(expected)) << name;
+  }
 }
 
 TEST(AppendHtml, EndsNothing) {

@@ -31,7 +31,8 @@ std::string conflict_text(const Conflict& conflict) {
 }
 
 void add_conflicts(Steps& steps, const FileReport& file) {
-  for (const Conflict& conflict : conflicts_across_markers(file.text, file.blocks)) {
+  for (const Conflict& conflict :
+       conflicts_across_markers(file.text, file.blocks, file.syntax.comment)) {
     add(steps, file, conflict.line, conflict_text(conflict));
   }
 }
@@ -108,8 +109,8 @@ Step step_for_missing(const FileReport& file, std::span<const std::string_view> 
   for (const std::string_view name : names) {
     if (!step.paste.empty()) step.text += ", ";
     step.text += name;
-    step.paste.push_back(registry_docs::opening_marker(name));
-    step.paste.push_back(registry_docs::closing_marker(name));
+    step.paste.push_back(registry_docs::opening_marker(name, file.syntax.comment));
+    step.paste.push_back(registry_docs::closing_marker(name, file.syntax.comment));
   }
   step.text += line == 0 ? "; put these lines where the lists shall stand:"
                          : "; put these lines behind line " + std::to_string(line) + ":";

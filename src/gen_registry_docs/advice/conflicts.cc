@@ -47,21 +47,23 @@ bool lies_within_a_block(const std::vector<BlockReport>& blocks, std::size_t beg
   return block != blocks.end() && block->begin <= begin && end < block->end;
 }
 
-bool holds_a_marker(std::string_view text, std::size_t begin, std::size_t end) {
-  return registry_docs::find_marker(text.substr(0, end), begin).has_value();
+bool holds_a_marker(std::string_view text, std::size_t begin, std::size_t end,
+                    const registry_docs::Comment& comment) {
+  return registry_docs::find_marker(text.substr(0, end), begin, comment).has_value();
 }
 
 }  // namespace
 
 std::vector<Conflict> conflicts_across_markers(std::string_view text,
-                                               const std::vector<BlockReport>& blocks) {
+                                               const std::vector<BlockReport>& blocks,
+                                               const registry_docs::Comment& comment) {
   std::vector<Conflict> found;
   if (text.find("<<<<<<<") == npos) return found;
   registry_docs::LineCounter lines(text);
   for (std::size_t at = 0; at < text.size(); at = next_line(text, at)) {
     if (!is_mark(text, at, '<')) continue;
     const std::size_t end = conflict_end(text, at);
-    if (holds_a_marker(text, at, end) && !lies_within_a_block(blocks, at, end)) {
+    if (holds_a_marker(text, at, end, comment) && !lies_within_a_block(blocks, at, end)) {
       const std::size_t line = lines.line_of(text.data() + at);
       const std::size_t last = std::min(end, text.size() - 1);
       found.push_back({line, lines.line_of(text.data() + last)});

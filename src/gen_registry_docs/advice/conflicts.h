@@ -19,7 +19,8 @@ struct Conflict {
 // The conflicts of a text that hold a marker, apart from those that lie within one of its
 // blocks: writing the block anew settles them. `blocks` are in the order of the text.
 std::vector<Conflict> conflicts_across_markers(
-    std::string_view text, const std::vector<registry_docs::BlockReport>& blocks);
+    std::string_view text, const std::vector<registry_docs::BlockReport>& blocks,
+    const registry_docs::Comment& comment = {});
 
 }  // namespace gen_registry_docs::advice
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <unordered_set>
 
+#include "registry_docs/blocks/fences.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/text.h"
 
@@ -13,6 +14,7 @@ namespace {
 using registry_docs::BlockReport;
 using registry_docs::BlockState;
 using registry_docs::closing_marker;
+using registry_docs::Comment;
 using registry_docs::FileReport;
 using registry_docs::Marker;
 using registry_docs::opening_marker;
@@ -27,7 +29,8 @@ Names missing_names(const FileReport& file) {
 }
 
 // What is wrong with an opening marker outside all blocks, before `rest`.
-std::string opening_fault(std::string_view name, std::string_view rest) {
+std::string opening_fault(std::string_view name, std::string_view rest,
+                          const Comment& comment) {
   const std::string_view behind = rest.substr(0, rest.find('\n'));
   if (!behind.empty()) {
     const bool is_blank = registry_docs::strip(behind).empty();
@@ -35,13 +38,13 @@ std::string opening_fault(std::string_view name, std::string_view rest) {
            (is_blank ? "; take away the blank behind it"
                      : "; move the text behind it to the next line");
   }
-  return std::string(name) + " is opened and never closed; add " + closing_marker(name) +
-         " where it shall end";
+  return std::string(name) + " is opened and never closed; add " +
+         closing_marker(name, comment) + " where it shall end";
 }
 
-std::string closing_fault(std::string_view name) {
-  return std::string(name) + " is closed and was not opened; add " + opening_marker(name) +
-         ", on a line of its own, where it shall begin";
+std::string closing_fault(std::string_view name, const Comment& comment) {
+  return std::string(name) + " is closed and was not opened; add " +
+         opening_marker(name, comment) + ", on a line of its own, where it shall begin";
 }
 
 std::string inner_fault(std::string_view name, const BlockReport& around) {
@@ -90,10 +93,11 @@ class Walk {
     if (marker.kind == Marker::Kind::opening) {
       opened_.insert(marker.name);
       const std::string_view rest = std::string_view(file_.text).substr(marker.end);
-      return LooseMarker{marker.name, 0, opening_fault(marker.name, rest)};
+      return LooseMarker{marker.name, 0,
+                         opening_fault(marker.name, rest, file_.syntax.comment)};
     }
     if (opened_.contains(marker.name)) return std::nullopt;  // its opening marker is at fault
-    return LooseMarker{marker.name, 0, closing_fault(marker.name)};
+    return LooseMarker{marker.name, 0, closing_fault(marker.name, file_.syntax.comment)};
   }
 
   const FileReport& file_;
@@ -104,13 +108,39 @@ class Walk {
   std::vector<BlockReport>::const_iterator next_;
 };
 
+// The fenced code of a file, outside its blocks, from its beginning to its end.
+class Examples {
+ public:
+  explicit Examples(const FileReport& file)
+      : file_(file), fences_(file.text), next_(file.blocks.begin()) {}
+
+  // Whether an example stands there, and no marker.
+  bool hold(std::size_t at) {
+    if (!file_.syntax.is_markdown) return false;
+    for (; next_ != file_.blocks.end() && next_->line != 0 && next_->begin <= at; ++next_) {
+      if (at < next_->end) return false;
+      fences_.hold(next_->begin - 1);
+      fences_.skip_to(next_->end);
+    }
+    return fences_.hold(at);
+  }
+
+ private:
+  const FileReport& file_;
+  registry_docs::blocks::Fences fences_;
+  std::vector<BlockReport>::const_iterator next_;
+};
+
 void add_markers(std::vector<LooseMarker>& found, const FileReport& file,
                  text::Guesses& guesses) {
   const std::string_view text = file.text;
   registry_docs::LineCounter lines(text);
   Walk walk(file, guesses);
-  for (auto marker = registry_docs::find_marker(text, 0); marker;
-       marker = registry_docs::find_marker(text, marker->end)) {
+  Examples examples(file);
+  const Comment& comment = file.syntax.comment;
+  for (auto marker = registry_docs::find_marker(text, 0, comment); marker;
+       marker = registry_docs::find_marker(text, marker->end, comment)) {
+    if (examples.hold(marker->begin)) continue;
     if (auto loose = walk.look_at(*marker)) {
       loose->line = lines.line_of(text.data() + marker->begin);
       found.push_back(*std::move(loose));
@@ -123,15 +153,17 @@ void add_careless_ones(std::vector<LooseMarker>& found, const FileReport& file) 
   const std::string_view text = file.text;
   const Names missing = missing_names(file);
   registry_docs::LineCounter lines(text);
-  for (auto marker = registry_docs::find_careless_marker(text, 0); marker;
-       marker = registry_docs::find_careless_marker(text, marker->begin + 1)) {
-    if (!missing.contains(marker->name)) continue;
+  Examples examples(file);
+  const Comment& comment = file.syntax.comment;
+  for (auto marker = registry_docs::find_careless_marker(text, 0, comment); marker;
+       marker = registry_docs::find_careless_marker(text, marker->begin + 1, comment)) {
+    if (examples.hold(marker->begin) || !missing.contains(marker->name)) continue;
     const bool is_closing = marker->kind == Marker::Kind::closing;
-    found.push_back(
-        {marker->name, lines.line_of(text.data() + marker->begin),
-         "this is almost a marker of " + std::string(marker->name) + "; write " +
-             (is_closing ? closing_marker(marker->name) : opening_marker(marker->name)),
-         true});
+    found.push_back({marker->name, lines.line_of(text.data() + marker->begin),
+                     "this is almost a marker of " + std::string(marker->name) + "; write " +
+                         (is_closing ? closing_marker(marker->name, comment)
+                                     : opening_marker(marker->name, comment)),
+                     true});
   }
 }
 

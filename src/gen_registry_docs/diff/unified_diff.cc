@@ -160,7 +160,7 @@ void write_hunk(Writer& to, const Comparison& all, std::span<const LineEdit> hun
 }  // namespace
 
 std::string unified_diff(const FileReport& file, std::string_view bytes, Colors colors) {
-  const std::string text = registry_docs::new_text(file);
+  const std::string text = registry_docs::new_bytes(file);
   const bool has_line_feeds = bytes == file.text;
   const Comparison all =
       compare(bytes, text, has_line_feeds ? cuts_of(file) : std::vector<Cut>());

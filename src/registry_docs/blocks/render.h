@@ -13,30 +13,23 @@
 
 namespace registry_docs::blocks {
 
-// Whether the block's body is `body` and one line feed.
-inline bool has_body(const Block& block, std::string_view body) {
-  return block.body.size() == body.size() + 1 && block.body.starts_with(body) &&
-         block.body.back() == '\n';
-}
-
 // `text` with the body of each of its blocks, which `scan` found in it, replaced by
-// `body(block)` and one line feed; everything else is copied as it is. Nothing, and nothing
-// is copied, when these bodies stand there already.
+// `body(block)`, a `new_body`; everything else is copied as it is. Nothing, and nothing is
+// copied, when these bodies stand there already.
 template <typename Body>
 std::optional<std::string> with_bodies(std::string_view text, std::span<const Block> found,
                                        Body body) {
   std::optional<std::string> result;
   const char* copied = text.data();
   for (const Block& block : found) {
-    const std::string new_body = body(block);
-    if (!result && has_body(block, new_body)) continue;
+    const std::optional<std::string> new_body = body(block);
+    if (!new_body) continue;
     if (!result) result.emplace().reserve(text.size());
     result->append(copied, block.body.data());
     copied = block.close.data();
     const auto behind = static_cast<std::size_t>(text.data() + text.size() - copied);
-    result->reserve(result->size() + new_body.size() + 1 + behind);
-    *result += new_body;
-    *result += '\n';
+    result->reserve(result->size() + new_body->size() + behind);
+    *result += *new_body;
   }
   if (result) result->append(copied, text.data() + text.size());
   return result;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "registry_docs/blocks/margin.h"
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
 #include "registry_docs/registry_docs.h"
@@ -83,12 +84,13 @@ std::optional<blocks::Renderers> blocks::renderers_of(std::span<const Block> fou
 }
 
 std::string render_file(std::string_view text, const GeneratedFile& generated) {
-  const std::vector<blocks::Block> found = blocks::scan(text);
+  const std::vector<blocks::Block> found = blocks::scan(text, generated.syntax);
   const auto renderers = blocks::renderers_of(found, generated);
   if (!renderers) throw ValueError(blocks::marker_problem(found, generated));
   auto next = renderers->begin();
-  auto changed = blocks::with_bodies(
-      text, found, [&](const blocks::Block&) { return generated.encode((**next++)()); });
+  auto changed = blocks::with_bodies(text, found, [&](const blocks::Block& block) {
+    return blocks::new_body(text, block, generated.encode((**next++)()), generated.syntax);
+  });
   return changed ? *std::move(changed) : std::string(text);
 }
 

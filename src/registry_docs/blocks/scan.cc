@@ -4,6 +4,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "registry_docs/blocks/fences.h"
 #include "registry_docs/markers.h"
 #include "registry_docs/registry_docs.h"
 
@@ -11,13 +12,40 @@ namespace registry_docs {
 namespace blocks {
 namespace {
 
+// A text of the first host's kind.
+struct PlainText {
+  std::string_view text;
+
+  [[nodiscard]] std::optional<Marker> find(std::size_t from) const {
+    return find_marker(text, from);
+  }
+  static bool is_example(const Marker&) { return false; }
+  static void pass(const Marker&) {}
+};
+
+// A text of any syntax.
+struct SyntaxText {
+  std::string_view text;
+  const Syntax& syntax;
+  std::optional<Fences> fences = {};
+
+  [[nodiscard]] std::optional<Marker> find(std::size_t from) const {
+    return find_marker(text, from, syntax.comment);
+  }
+  bool is_example(const Marker& marker) { return fences && fences->hold(marker.begin); }
+  void pass(const Marker& closing) {
+    if (fences) fences->skip_to(closing.begin);
+  }
+};
+
 // Finds closing markers by name, wherever they stand. Most texts never need it: a block
 // without a marker in its body is closed by the very next one. Where it is needed, one
 // pass over the rest of the text serves every later search; a search of its own for each
 // opening marker without a partner would be quadratic.
+template <typename Source>
 class ClosingMarkers {
  public:
-  explicit ClosingMarkers(std::string_view text) : text_(text) {}
+  explicit ClosingMarkers(const Source& source) : source_(source) {}
 
   // The first one of that name at or after `from`, which never decreases between calls.
   std::optional<Marker> find(std::string_view name, std::size_t from) {
@@ -33,13 +61,12 @@ class ClosingMarkers {
  private:
   void collect(std::size_t from) {
     by_name_.emplace();
-    for (auto marker = find_marker(text_, from); marker;
-         marker = find_marker(text_, marker->end)) {
+    for (auto marker = source_.find(from); marker; marker = source_.find(marker->end)) {
       if (marker->kind == Marker::Kind::closing) (*by_name_)[marker->name].push_back(*marker);
     }
   }
 
-  std::string_view text_;
+  const Source& source_;
   std::optional<std::unordered_map<std::string_view, std::vector<Marker>>> by_name_;
 };
 
@@ -64,16 +91,16 @@ Block block_between(std::string_view text, const Marker& opening, const Marker& 
           .close = text.substr(closing.begin, closing.end - closing.begin)};
 }
 
-}  // namespace
-
-std::vector<Block> scan(std::string_view text) {
+template <typename Source>
+std::vector<Block> scan_source(Source source) {
+  const std::string_view text = source.text;
   std::vector<Block> found;
   found.reserve(text.size() / bytes_per_block);
-  ClosingMarkers closing_markers(text);
-  std::optional<Marker> marker = find_marker(text, 0);
+  ClosingMarkers<Source> closing_markers(source);
+  std::optional<Marker> marker = source.find(0);
   while (marker) {
-    const std::optional<Marker> next = find_marker(text, marker->end);
-    if (!opens_a_block(text, *marker)) {
+    const std::optional<Marker> next = source.find(marker->end);
+    if (!opens_a_block(text, *marker) || source.is_example(*marker)) {
       marker = next;
       continue;
     }
@@ -84,15 +111,28 @@ std::vector<Block> scan(std::string_view text) {
       continue;
     }
     found.push_back(block_between(text, *marker, *closing));
-    marker = find_marker(text, closing->end);
+    source.pass(*closing);
+    marker = source.find(closing->end);
   }
   return found;
 }
 
-std::vector<std::pair<std::string_view, std::string_view>> blocks(std::string_view text) {
+}  // namespace
+
+std::vector<Block> scan(std::string_view text) { return scan_source(PlainText{text}); }
+
+std::vector<Block> scan(std::string_view text, const Syntax& syntax) {
+  if (syntax.comment == Comment() && !syntax.is_markdown) return scan(text);
+  SyntaxText source{.text = text, .syntax = syntax};
+  if (syntax.is_markdown) source.fences.emplace(text);
+  return scan_source(std::move(source));
+}
+
+std::vector<std::pair<std::string_view, std::string_view>> blocks(std::string_view text,
+                                                                  const Syntax& syntax) {
   std::vector<std::pair<std::string_view, std::string_view>> bodies;
   std::unordered_map<std::string_view, std::size_t> places;
-  for (const Block& block : scan(text)) {
+  for (const Block& block : scan(text, syntax)) {
     const auto [place, is_new] = places.try_emplace(block.name, bodies.size());
     if (is_new) {
       bodies.emplace_back(block.name, block.body);

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "registry_docs/syntax.h"
+
 namespace registry_docs::blocks {
 
 // One block. The parts borrow from the text; `open`, `body` and `close` lie back to back
@@ -21,9 +23,14 @@ struct Block {
 // marker of its name follows is plain text, as is anything inside a block. Never fails.
 std::vector<Block> scan(std::string_view text);
 
+// The same by the rules of a syntax. In Markdown an opening marker in fenced code is plain
+// text, too; within a block fences count for nothing, so that no broken one hides its end.
+std::vector<Block> scan(std::string_view text, const Syntax& syntax);
+
 // Name and body of each block, in the order in which the names first appear. A name that
 // several blocks have stands once, with the body of the last.
-std::vector<std::pair<std::string_view, std::string_view>> blocks(std::string_view text);
+std::vector<std::pair<std::string_view, std::string_view>> blocks(std::string_view text,
+                                                                  const Syntax& syntax = {});
 
 }  // namespace registry_docs::blocks
 

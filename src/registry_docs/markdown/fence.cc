@@ -1,6 +1,7 @@
 #include "registry_docs/markdown/fence.h"
 
 #include <algorithm>
+#include <array>
 
 #include "registry_docs/markdown/markers_in.h"
 #include "registry_docs/markdown/safe.h"
@@ -11,6 +12,24 @@ namespace {
 
 constexpr std::size_t npos = std::string_view::npos;
 constexpr std::string_view no_language = "text";
+
+// The languages whose code formatters write anew when they know them by these names. Readers
+// know them in capitals, too.
+constexpr std::array<std::string_view, 36> formatted_languages = {
+    "cjs",   "css",   "cts",  "es6",        "geojson", "gql",  "graphql", "handlebars",
+    "hbs",   "htm",   "html", "javascript", "js",      "json", "json5",   "jsonc",
+    "jsonl", "jsx",   "less", "markdown",   "md",      "mdx",  "mjml",    "mjs",
+    "mts",   "node",  "pcss", "postcss",    "scss",    "ts",   "tsx",     "typescript",
+    "vue",   "xhtml", "yaml", "yml"};
+
+std::string language_name(std::string_view info) {
+  std::string name(info.empty() ? no_language : info);
+  if (std::ranges::find(formatted_languages, name) == formatted_languages.end()) return name;
+  for (char& c : name) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return name;
+}
 
 std::string_view leading_run(std::string_view text, char c) {
   return text.substr(0, std::min(text.find_first_not_of(c), text.size()));
@@ -26,13 +45,19 @@ std::size_t longest_run_of_backquotes(std::string_view text) {
   return longest;
 }
 
+std::string_view without_last_blanks(std::string_view line) {
+  while (!line.empty() && text::is_blank(line.back())) line.remove_suffix(1);
+  return line;
+}
+
 // What the block shows, line by line, without the indent that the fence has.
 std::vector<std::string_view> shown_lines(const Fence& fence, std::span<const Line> lines) {
   std::vector<std::string_view> shown;
   shown.reserve(lines.size() + 1);
   if (!is_language(fence.info)) shown.push_back(fence.info);
   for (const Line& line : lines) {
-    shown.push_back(line.whole.substr(indent_of(line.whole, fence.indent).size));
+    shown.push_back(without_last_blanks(line.whole.substr(
+        std::min(indent_of(line.whole, fence.indent).size, line.whole.size()))));
   }
   return shown;
 }
@@ -49,25 +74,23 @@ void append_marked(std::string& to, std::string_view language,
     size = std::max(size, longest_run_of_backquotes(line) + 1);
   }
   const std::string marks(size, '`');
-  to.append(marks).append(language.empty() ? no_language : language);
+  to.append(marks).append(language_name(language));
   for (const std::string_view line : lines) {
     begin_line(to, before, line);
     to += line;
   }
+  if (lines.empty()) to += '\n';
   begin_line(to, before, marks);
   to += marks;
 }
 
-void append_element(std::string& to, std::span<const std::string_view> lines,
-                    std::string_view before) {
+// On one line, since formatters indent blank ones.
+void append_element(std::string& to, std::span<const std::string_view> lines) {
   to += "<pre><code>";
-  bool is_first = true;
   for (const std::string_view line : lines) {
-    if (!is_first) begin_line(to, before, line);
-    is_first = false;
     append_html(to, line);
+    to += "&#10;";
   }
-  begin_line(to, before, "</code></pre>");
   to += "</code></pre>";
 }
 
@@ -101,7 +124,7 @@ void append_fenced(std::string& to, const Fence& fence, std::span<const Line> li
   const std::string_view last = lines.empty() ? fence.info : lines.back().whole;
   const char* const end = last.data() + last.size();
   if (has_marker({fence.info.data(), end})) {  // it may stand on two lines
-    append_element(to, shown, before);
+    append_element(to, shown);
   } else {
     append_marked(to, is_language(fence.info) ? fence.info : "", shown, before);
   }

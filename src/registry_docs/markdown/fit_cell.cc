@@ -53,7 +53,12 @@ class Cell {
     const CodeSpan span = code_span_at(text_, at_, backquotes_);
     std::string line;
     if (!span.whole.empty()) append_span(line, span);
-    append_with_bars(to_, span.whole.empty() ? span.quotes : line);
+    // Readers are of two minds about a bar behind two backslashes.
+    if (line.starts_with('`') && line.find("\\|") != std::string::npos) {
+      append_code_element(to_, shown_code(span), "&#124;");
+    } else {
+      append_with_bars(to_, span.whole.empty() ? span.quotes : line);
+    }
     at_ += std::max(span.whole.size(), span.quotes.size());
   }
 
@@ -67,7 +72,7 @@ class Cell {
   void append_backslash() {
     const bool is_before_line_feed = text_.substr(at_ + 1).starts_with('\n');
     const std::size_t size = is_before_line_feed ? 1 : 2;
-    if (!is_before_line_feed) append_with_bars(to_, text_.substr(at_, size));
+    if (!is_before_line_feed) to_ += text_.substr(at_, size);
     at_ += size;
   }
 

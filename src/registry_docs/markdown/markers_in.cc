@@ -13,8 +13,7 @@ void skip_white_space(std::string_view& text) {
 
 }  // namespace
 
-bool has_marker(std::string_view text) {
-  constexpr std::string_view comment = "<!--";
+bool has_marker(std::string_view text, std::string_view comment) {
   std::size_t at = text.find(comment);
   for (; at != std::string_view::npos; at = text.find(comment, at + 1)) {
     std::string_view inside = text.substr(at + comment.size());

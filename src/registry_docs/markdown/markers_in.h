@@ -6,8 +6,9 @@
 
 namespace registry_docs::markdown {
 
-// Whether a block's marker, or what could have been meant as one, begins in the text.
-bool has_marker(std::string_view text);
+// Whether a block's marker, or what could have been meant as one, begins in the text, in a
+// comment that begins so.
+bool has_marker(std::string_view text, std::string_view comment = "<!--");
 
 }  // namespace registry_docs::markdown
 

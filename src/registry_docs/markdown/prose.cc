@@ -1,5 +1,6 @@
 #include "registry_docs/markdown/prose.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -188,7 +189,8 @@ class Prose {
 
 // Of the blanks at the ends of a span, one at each is not shown.
 std::string_view without_padding(std::string_view content) {
-  const bool is_padded = content.front() == ' ' && content.back() == ' ';
+  const bool is_blank = content.find_first_not_of(' ') == npos;
+  const bool is_padded = !is_blank && content.front() == ' ' && content.back() == ' ';
   return is_padded ? content.substr(1, content.size() - 2) : content;
 }
 
@@ -206,27 +208,28 @@ void append_prose(std::string& to, std::string_view text, const EndLine& end_lin
   Prose(to, text, Code::spans, end_line).append();
 }
 
-void append_span(std::string& to, const CodeSpan& span) {
-  if (span.is_fenced) {
-    const auto code = text::trimmed(span.content, text::is_blank_or_line_feed);
-    append_code_span(to, code.empty() ? " " : code);
-    return;
+std::string shown_code(const CodeSpan& span) {
+  std::string content;
+  if (!span.is_fenced) {
+    append_on_one_line(content, span.content);
+    return std::string(without_padding(content));
   }
-  const std::size_t begin = to.size() + span.quotes.size();
-  to += span.quotes;
-  append_on_one_line(to, span.content);
-  if (!has_marker(std::string_view(to).substr(begin))) {
-    to += span.quotes;
-    return;
-  }
-  const std::string content = to.substr(begin);
-  to.resize(begin - span.quotes.size());
-  append_code_element(to, without_padding(content));
+  append_on_one_line(content, text::trimmed(span.content, text::is_blank_or_line_feed));
+  return content.empty() ? " " : content;
 }
 
-void append_code_element(std::string& to, std::string_view code) {
+void append_span(std::string& to, const CodeSpan& span) {
+  append_code_span(to, shown_code(span));
+}
+
+void append_code_element(std::string& to, std::string_view code, std::string_view bar) {
   to += "<code>";
-  Prose(to, code, Code::none, {}).append();
+  for (std::size_t at = 0; at <= code.size();) {
+    const std::size_t end = std::min(code.find('|', at), code.size());
+    Prose(to, code.substr(at, end - at), Code::none, {}).append();
+    if (end < code.size()) to += bar;
+    at = end + 1;
+  }
   to += "</code>";
 }
 

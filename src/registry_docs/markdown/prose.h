@@ -22,11 +22,14 @@ bool is_plain_line(std::string_view text);
 // stands on one line.
 void append_prose(std::string& to, std::string_view text, const EndLine& end_line = {});
 
-// Appends the span on one line. HTML stands for one in which a block's marker would be found.
+// What a reader sees of the span, on one line.
+std::string shown_code(const CodeSpan& span);
+
+// Appends the span on one line, in as few backquotes as it needs. HTML stands for one in which a block's marker would be found.
 void append_span(std::string& to, const CodeSpan& span);
 
-// What a code span of this line would show, as HTML within a line.
-void append_code_element(std::string& to, std::string_view code);
+// What a code span of this line would show, as HTML within a line, with `bar` for each "|".
+void append_code_element(std::string& to, std::string_view code, std::string_view bar = "|");
 
 }  // namespace registry_docs::markdown
 

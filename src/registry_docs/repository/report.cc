@@ -7,8 +7,10 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "registry_docs/blocks/margin.h"
 #include "registry_docs/blocks/render.h"
 #include "registry_docs/blocks/scan.h"
+#include "registry_docs/markers.h"
 #include "registry_docs/repository/file.h"
 #include "registry_docs/repository/parts.h"
 #include "registry_docs/text.h"
@@ -51,9 +53,9 @@ std::vector<Difference> differences_of(const Matches& matches,
   for (std::size_t i = 0; i < matches.size(); ++i) {
     if (renderers[i] == nullptr) continue;
     try {
-      std::string body = generated.encode((*renderers[i])());
-      if (blocks::has_body(matches[i], body)) continue;
-      found.push_back({i, BlockState::stale, std::move(body) + "\n"});
+      auto body = blocks::new_body(report.text, matches[i],
+                                   generated.encode((*renderers[i])()), generated.syntax);
+      if (body) found.push_back({i, BlockState::stale, *std::move(body)});
     } catch (const ValueError& error) {
       found.push_back({i, BlockState::failed});
       if (report.state != FileState::current) continue;
@@ -100,7 +102,8 @@ std::vector<BlockReport> missing_blocks(const FileReport& report,
                                         const GeneratedFile& generated) {
   std::unordered_map<std::string_view, std::size_t> last_lines;
   for (const BlockReport& block : report.blocks) {
-    const std::size_t marker_end = report.text.find("-->", block.end) + 3;
+    const std::size_t marker_end =
+        block.end + closing_marker(block.name, generated.syntax.comment).size();
     const bool ends_line = marker_end == report.text.size() || report.text[marker_end] == '\n';
     last_lines.emplace(block.name, ends_line ? block.last_line : 0);
   }
@@ -134,11 +137,11 @@ void describe_blocks(FileReport& report, const Matches& matches,
 // texts are searched for blocks.
 std::string stale_line(const FileReport& report) {
   const std::string text = new_text(report);
-  const auto rendered = blocks::blocks(text);
+  const auto rendered = blocks::blocks(text, report.syntax);
   const std::unordered_map<std::string_view, std::string_view> bodies(rendered.begin(),
                                                                       rendered.end());
   std::vector<std::string_view> stale;
-  for (const auto& [name, body] : blocks::blocks(report.text)) {
+  for (const auto& [name, body] : blocks::blocks(report.text, report.syntax)) {
     const auto found = bodies.find(name);
     if (found == bodies.end() || found->second != body) stale.push_back(name);
   }
@@ -153,7 +156,7 @@ bool is_absent(const std::filesystem::path& path) {
 
 // The blocks that something is known of.
 Matches matches_in(std::string_view text, const GeneratedFile& generated) {
-  Matches matches = blocks::scan(text);
+  Matches matches = blocks::scan(text, generated.syntax);
   if (generated.left_out.empty()) return matches;
   std::erase_if(matches, [&](const blocks::Block& match) {
     return std::ranges::any_of(generated.left_out, [&](const std::string& beginning) {
@@ -161,6 +164,12 @@ Matches matches_in(std::string_view text, const GeneratedFile& generated) {
     });
   });
   return matches;
+}
+
+void read_into(FileReport& report, const std::filesystem::path& path) {
+  std::string bytes = repository::read_regular_file(path);
+  if (report.syntax.keeps_form && bytes.find('\r') != std::string::npos) report.bytes = bytes;
+  report.text = repository::decoded(path, std::move(bytes));
 }
 
 void look_at_blocks(const GeneratedFile& generated, Detail detail, FileReport& report) {
@@ -183,18 +192,21 @@ void look_at_blocks(const GeneratedFile& generated, Detail detail, FileReport& r
 
 }  // namespace
 
-std::vector<BlockReport> blocks_of(std::string_view text) {
-  return reports_of(text, blocks::scan(text));
+std::vector<BlockReport> blocks_of(std::string_view text, const Syntax& syntax) {
+  return reports_of(text, blocks::scan(text, syntax));
 }
 
 FileReport report_file(const GeneratedFile& generated, const std::filesystem::path& root,
                        Detail detail) {
   const std::filesystem::path path = root / generated.path;
   FileReport report{.path = generated.path};
+  report.syntax = generated.syntax;
   report.keeps_line_ends = generated.keeps_line_ends;
   report.is_new = generated.may_be_absent && is_absent(path);
-  if (!report.is_new) {
-    report.text = report.keeps_line_ends ? repository::read_whole(path) : read_text(path);
+  if (!report.is_new && report.keeps_line_ends) {
+    report.text = repository::read_whole(path);
+  } else if (!report.is_new) {
+    read_into(report, path);
   }
   if (!generated.blocks.empty() || !generated.parts) look_at_blocks(generated, detail, report);
   if (generated.parts && report.state != FileState::wrong_markers) {
