@@ -87,6 +87,11 @@ void ready_heap(const Repository& repository, const Source& source) {
   port::ready_heap(repository.root / *source.snapshot, port::Made::of_answer);
 }
 
+void name_from_here(registry::Bound& bound, const fs::path& prefix) {
+  for (auto& file : bound.files) file.path = (prefix / file.path).generic_string();
+  for (auto& change : bound.changes) change.path = (prefix / change.path).generic_string();
+}
+
 // One repository on its way to be bound.
 struct Opened {
   fs::path prefix = {};  // of its files' paths
@@ -231,10 +236,7 @@ class Opener {
     std::ranges::copy(
         bound.warnings,
         std::back_inserter(options_.strict ? workspace_.failures : workspace_.warnings));
-    for (auto& file : bound.files) file.path = (opened.prefix / file.path).generic_string();
-    for (auto& change : bound.changes) {
-      change.path = (opened.prefix / change.path).generic_string();
-    }
+    if (!opened.prefix.empty()) name_from_here(bound, opened.prefix);
     std::ranges::move(bound.changes, std::back_inserter(workspace_.changes));
     workspace_.files.push_back(std::move(bound.files));
   }

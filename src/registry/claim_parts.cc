@@ -24,7 +24,7 @@ std::string spelled(std::size_t count, std::string_view like) {
   digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - 1));
   std::string right = std::to_string(count);
   if (digits == right) return std::string(like);
-  if (like.find(',') == like.npos) return right;
+  if (like.find(',') == std::string_view::npos) return right;
   for (std::size_t at = right.size(); at > 3;) right.insert(at -= 3, ",");
   return right;
 }

@@ -9,6 +9,7 @@ namespace {
 
 std::vector<std::string_view> words_of(const std::vector<KnownClaim>& claims) {
   std::vector<std::string_view> words;
+  words.reserve(claims.size());
   for (const KnownClaim& claim : claims) {
     words.push_back(claim.text.literals[anchor_of(claim.text)]);
   }

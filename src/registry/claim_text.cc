@@ -24,7 +24,7 @@ Slot slot_of(std::string_view name, const json::Node& declared) {
   if (name.starts_with(of_group) && name.size() > of_group.size()) {
     return {.fact = Fact::tools, .group = std::string(name.substr(of_group.size()))};
   }
-  const auto found = std::ranges::find(facts, name);
+  const auto* const found = std::ranges::find(facts, name);
   if (found == facts.end()) {
     refuse(declared, "a place such as {tools}, {tools:GROUP} or " +
                          text::join(std::span(facts).subspan(1), ", ",
@@ -67,7 +67,7 @@ ClaimText claim_text(const json::Node& declared) {
       const std::size_t end = c == '{' ? text.find('}', at) : at;
       const std::size_t begin = std::min(at + 1, end);
       claim.slots.push_back(
-          slot_of(text.substr(begin, end == text.npos ? 0 : end - begin), declared));
+          slot_of(text.substr(begin, end == std::string_view::npos ? 0 : end - begin), declared));
       claim.literals.emplace_back();
       at = end;
     } else {

@@ -41,7 +41,7 @@ struct Searched {
 
 struct ClaimedFile {
   Parts own_parts = {};  // what the file has beside the claims
-  bool has_blocks = false;
+  std::optional<registry_docs::Syntax> blocks = {};  // how they stand, where there are any
   std::vector<std::size_t> claims = {};  // in order, each once
   std::vector<Expected> expected = {};
   std::shared_ptr<const Searched> searched =
@@ -54,12 +54,9 @@ using Search = std::shared_ptr<const ClaimSearch>;
 std::vector<Span> made_spans(const ClaimedFile& file, std::string_view text,
                              const std::vector<Part>& own) {
   std::vector<Span> spans;
-  for (const Part& part : own) spans.push_back({part.begin, part.end});
-  if (file.has_blocks) {
-    for (const auto& block : registry_docs::blocks_of(text)) {
-      spans.push_back({block.begin, block.end});
-    }
-  }
+  const auto add = [&](const auto& made) { spans.push_back({made.begin, made.end}); };
+  std::ranges::for_each(own, add);
+  if (file.blocks) std::ranges::for_each(registry_docs::blocks_of(text, *file.blocks), add);
   return spans;
 }
 
@@ -180,7 +177,7 @@ class Binder {
     ClaimedFile& claimed = claimed_[file];
     if (claimed.claims.empty()) {
       claimed.own_parts = files_[file].parts;
-      claimed.has_blocks = !files_[file].keeps_line_ends;
+      if (!files_[file].keeps_line_ends) claimed.blocks = files_[file].syntax;
     }
     if (claimed.claims.empty() || claimed.claims.back() != claim)
       claimed.claims.push_back(claim);

@@ -14,6 +14,7 @@ TOOLS = {"path": "m.json", "member": "/tools", "value": "names"}
 COUNT = {"path": "R.md", "text": "**{tools} tools**"}
 SKILL = {"path": "s/**/*.md", "text": "n__{tool}", "allow": ["n__old"]}
 BLOCK = "<!-- registry:count -->\n\n%s\n\n<!-- /registry:count -->\n"
+MDX_BLOCK = "{/* registry:count */}\n\n%s\n\n{/* /registry:count */}\n"
 RUN = "To bring the blocks up to date, run:\n"
 MENDED = "When that is mended, bring the blocks up to date:\n"
 
@@ -46,6 +47,11 @@ ROWS = {
         {"R.md": "**3 tools**\n" + BLOCK % "**4 tools**" + "**3 tools**\n"},
         "R.md: blocks out of date: count; out of date: **{tools} tools**\n", RUN,
         {"R.md": "**2 tools**\n" + BLOCK % "2" + "**2 tools**\n"}),
+    "counts beside a block of another syntax": (
+        {"files": [{"path": "R.mdx", "blocks": ["count"]}], "claims": [COUNT | {"path": "R.mdx"}]},
+        {"R.mdx": ("**3 tools**\n" + MDX_BLOCK % "**4 tools**" + "**3 tools**\n").replace("\n", "\r\n")},
+        "R.mdx: blocks out of date: count; out of date: **{tools} tools**\n", RUN,
+        {"R.mdx": ("**2 tools**\n" + MDX_BLOCK % "2" + "**2 tools**\n").replace("\n", "\r\n")}),
     "a count beside a current block": (
         {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]},
         {"R.md": BLOCK % "2" + "**3 tools**\n"}, "R.md: out of date: **{tools} tools**\n", RUN,

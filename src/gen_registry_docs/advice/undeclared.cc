@@ -47,7 +47,7 @@ std::vector<Span> generated_spans(const FileReport& file) {
     if (block.line != 0) spans.push_back({block.begin, block.end});
   };
   std::ranges::for_each(file.blocks, add);
-  std::ranges::for_each(registry_docs::blocks_of(file.text), add);
+  std::ranges::for_each(registry_docs::blocks_of(file.text, file.syntax), add);
   std::ranges::sort(spans, {}, &Span::end);
   return spans;
 }
