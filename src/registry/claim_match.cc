@@ -21,7 +21,8 @@ bool is_of_word(char c) { return text::is_letter_or_digit(c) || c == '_'; }
 // Digits, or groups of three with commas between.
 bool is_number(std::string_view text) {
   const std::size_t comma = text.find(',');
-  if (comma == std::string_view::npos) return !text.empty() && std::ranges::all_of(text, is_digit);
+  if (comma == std::string_view::npos)
+    return !text.empty() && std::ranges::all_of(text, is_digit);
   if (comma == 0 || comma > 3) return false;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool is_comma = at >= comma && (at - comma) % 4 == 0;

@@ -66,8 +66,8 @@ ClaimText claim_text(const json::Node& declared) {
     } else if (c == '{' || c == '}') {
       const std::size_t end = c == '{' ? text.find('}', at) : at;
       const std::size_t begin = std::min(at + 1, end);
-      claim.slots.push_back(
-          slot_of(text.substr(begin, end == std::string_view::npos ? 0 : end - begin), declared));
+      claim.slots.push_back(slot_of(
+          text.substr(begin, end == std::string_view::npos ? 0 : end - begin), declared));
       claim.literals.emplace_back();
       at = end;
     } else {

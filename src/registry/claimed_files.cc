@@ -40,9 +40,9 @@ struct Searched {
 };
 
 struct ClaimedFile {
-  Parts own_parts = {};  // what the file has beside the claims
+  Parts own_parts = {};                              // what the file has beside the claims
   std::optional<registry_docs::Syntax> blocks = {};  // how they stand, where there are any
-  std::vector<std::size_t> claims = {};  // in order, each once
+  std::vector<std::size_t> claims = {};              // in order, each once
   std::vector<Expected> expected = {};
   std::shared_ptr<const Searched> searched =
       {};  // what it was found to hold, if it still does

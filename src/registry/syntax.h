@@ -22,8 +22,8 @@ struct Syntax {
   registry_docs::Syntax file = {};
 };
 
-// By the file's name, and by its comments where they are declared: the beginning of one and its
-// end, which is empty for one that ends with its line. Refuses comments that are none.
+// By the file's name, and by its comments where they are declared: the beginning of one and
+// its end, which is empty for one that ends with its line. Refuses comments that are none.
 Syntax syntax_of(std::string_view path, const json::MaybeNode& comment);
 
 }  // namespace registry

@@ -14,6 +14,10 @@ constexpr bool is_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' &&
 
 constexpr bool is_letter_or_digit(char c) { return is_letter(c) || is_digit(c); }
 
+constexpr char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 constexpr bool is_blank(char c) { return c == ' ' || c == '\t'; }
 
 constexpr bool is_blank_or_line_feed(char c) { return is_blank(c) || c == '\n'; }

@@ -3,18 +3,13 @@
 #include <utf8proc.h>
 
 #include "registry_docs/text.h"
+#include "text/ascii.h"
 
 namespace text {
 namespace {
 
-constexpr char case_distance = 'a' - 'A';
-
 char ascii_upper(char c) {
-  return static_cast<char>(c >= 'a' && c <= 'z' ? c - case_distance : c);
-}
-
-char ascii_lower(char c) {
-  return static_cast<char>(c >= 'A' && c <= 'Z' ? c + case_distance : c);
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
 }  // namespace
@@ -41,7 +36,7 @@ std::string capitalised(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const bool is_first = at == 0;
     if (static_cast<unsigned char>(text[at]) < 0x80) {
-      result += is_first ? ascii_upper(text[at]) : ascii_lower(text[at]);
+      result += is_first ? ascii_upper(text[at]) : lower(text[at]);
       ++at;
       continue;
     }

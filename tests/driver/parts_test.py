@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
@@ -178,25 +179,45 @@ class Parts(unittest.TestCase):
             "R.md: expected the claim # {tools}, found it nowhere"])
 
     def test_advice_on_what_is_not_declared(self):
-        files = {"R.md": BLOCK % "1" + "**2 tools**, 3 tools, 1 tools: mcp__n__search. mcp__n__add mcp__o__x\n",
-                 "manifest.json": '{"tools": []}'}
+        files = {"R.md": BLOCK % "1" + "**2 tools**, 3 tools, mcp__n__search. mcp__n__add mcp__o__x\n",
+                 "README.md": "2 MCP tools\n", "CHANGELOG.md": "2 tools\n", "server.json": "1 tools, of 2 tools",
+                 "skills/a/SKILL.md": "mcp__n__search", "manifest.json": '{"tools": []}'}
         registry = {"tools": [{"name": "search"}], "files": [{"path": "R.md", "blocks": ["count"]}]}
         member = {"path": "manifest.json", "member": "/tools", "value": "names-and-descriptions"}
-        claims = [{"path": "R.md", "text": "{tools} tools"}, {"path": "R.md", "text": "mcp__n__{tool}"}]
-        said = ("R.md:6: 2 tools, of 1; if all are meant, a claim keeps the number right: \"claims\": "
-                f"{json.dumps(claims[0])}\n"
-                "R.md:6: mcp__n__ stands before names of tools; a claim has them looked up: \"claims\": "
-                f"{json.dumps(claims[1])}\n"
-                "manifest.json: its tools are kept by hand; a generated member keeps them right: \"files\": "
-                f"{json.dumps(member)}\n")
+        counts = {"R.md:6": "{tools} tools", "README.md:1": "{tools} MCP tools", "server.json:1": "{tools} tools"}
+        names = {"R.md:6": "mcp__n__{tool}", "skills/a/SKILL.md:1": "mcp__n__{tool}"}
+        claims = {text: [{"path": place.partition(":")[0], "text": claim} for place, claim in of.items()]
+                  for text, of in (("counts", counts), ("names", names))}
+        lines = sorted([f"{place}: {claim['text'].replace('{tools}', '2')}, but the server has 1; if all are meant, a "
+                        f"claim keeps the number right: \"claims\": {json.dumps(claim)}\n"
+                        for place, claim in zip(counts, claims["counts"])]
+                       + [f"{place}: mcp__n__ stands before names of tools; a claim checks them: \"claims\": "
+                          f"{json.dumps(claim)}\n" for place, claim in zip(names, claims["names"])])
+        lines.append("manifest.json: its tools are kept by hand; a generated member keeps them right: \"files\": "
+                     f"{json.dumps(member)}\n")
         self.lay_out(files | {"registry-docs.json": json.dumps(registry)})
-        self.assertEqual(self.run_program("--check"), (0, "", said))
+        self.assertEqual(self.run_program("--check"), (0, "", "".join(lines)))
         self.assertEqual(self.run_program("--check", "--quiet"), (0, "", ""))
-        declared = registry | {"files": [*registry["files"], member], "claims": claims}
+        declared = registry | {"files": [*registry["files"], member], "claims": sum(claims.values(), [])}
         self.lay_out({"registry-docs.json": json.dumps(declared)})
         _, _, errors = self.run_program("--check")
         self.assertNotIn("kept by hand", errors)
         self.assertNotIn("a claim ", errors)
+
+    def test_advice_on_numbers_that_may_be_meant_for_all(self):
+        for text, advised in {
+            "19 tools": "19", "10 tools": "10", "40 tools": "40", "1,0 tools": None, "9 tools": None,
+            "41 tools": None, "20 tools": None, "10+ tools": None, "21+ Tools": "21",
+            "10 tools, 11 tools": None, "12 tools, of 20 tools": None, "10 tools, 11 tools, 24 tools": "24",
+            "1.19 tools": None, "99999999999999999999 tools": None, "19 toolsets": None}.items():
+            with self.subTest(text):
+                self.lay_out({"README.md": BLOCK % "20" + text, "registry-docs.json": json.dumps(
+                    {"tools": [{"name": f"t{i}"} for i in range(20)],
+                     "files": [{"path": "README.md", "blocks": ["count"]}]})})
+                status, output, errors = self.run_program("--check")
+                self.assertEqual((status, output), (0, ""))
+                self.assertEqual(re.findall(r"^README.md:6: (\d+) .*, but the server has 20;", errors),
+                                 [advised] if advised else [], errors)
 
     def test_diff(self):
         self.lay_out({"registry-docs.json": json.dumps(

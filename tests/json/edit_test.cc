@@ -132,8 +132,7 @@ TEST(Edit, LeavesTheSameValueAsItIsLaidOut) {
 }
 
 TEST(Edit, RefusesAPlaceInNoObject) {
-  for (const auto& [text, pointer, message] :
-       std::initializer_list<std::array<std::string, 3>>{
+  for (const auto& row : std::initializer_list<std::array<std::string, 3>>{
            {"{}", "/d/a",
             "m.json: /d: expected an object that has a, or may have it, found nothing"},
            {R"({"d": [{}]})", "/d/0/a/b",
@@ -145,9 +144,9 @@ TEST(Edit, RefusesAPlaceInNoObject) {
            {"[]", "/a",
             "m.json: the document: expected an object that has a, or may have it, found an "
             "array"}}) {
-    SCOPED_TRACE(text);
-    EXPECT_EQ(message_of<registry_docs::InputError>([&] { with(text, {pointer}, "1"); }),
-              message);
+    const auto refused = [&row] { with(row[0], {row[1]}, "1"); };
+    SCOPED_TRACE(row[0]);
+    EXPECT_EQ(message_of<registry_docs::InputError>(refused), row[2]);
   }
 }
 

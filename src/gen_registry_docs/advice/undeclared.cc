@@ -2,15 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <exception>
+#include <limits>
 #include <memory>
+#include <numeric>
+#include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
+#include "gen_registry_docs/advice/wrong_count.h"
 #include "json/document.h"
 #include "json/pretty.h"
 #include "registry/claim_search.h"
+#include "registry/matching_files.h"
 #include "registry_docs/text.h"
+#include "text/ascii.h"
 
 namespace gen_registry_docs::advice {
 namespace {
@@ -23,22 +31,38 @@ using registry::Span;
 using registry_docs::FileReport;
 using registry_docs::catalog::Catalog;
 
-constexpr std::array<std::size_t, 2> both = {0, 1};
 constexpr std::string_view manifest = "manifest.json";
 
-// What is looked for: "{tools} tools" and "mcp__{tool}".
+// Where servers are told of, beside the files that are declared.
+constexpr std::array<std::string_view, 7> at_the_root = {
+    "README.md", "AGENTS.md",   "CLAUDE.md",   "GEMINI.md",
+    manifest,    "server.json", "package.json"};
+const std::set<std::string> of_agents = {"skills/**/SKILL.md", ".claude/**/*.md"};
+
+constexpr std::array<std::string_view, 3> nouns = {" tools", " Tools", " MCP tools"};
+constexpr std::string_view mcp = "mcp__";
+
+KnownClaim count_before(std::string_view noun, std::size_t count) {
+  return {.text = {.spelling = "{tools}" + std::string(noun),
+                   .literals = {"", std::string(noun)},
+                   .slots = {{.fact = Fact::tools}}},
+          .truths = {{.count = count}}};
+}
+
+// What is looked for: a claim for each of the nouns, and "mcp__{tool}" behind them.
 std::vector<KnownClaim> wanted(const Catalog& catalog) {
+  std::vector<KnownClaim> claims;
+  for (const std::string_view noun : nouns) {
+    claims.push_back(count_before(noun, catalog.tools.size()));
+  }
   registry::Names names;
   for (const auto& tool : catalog.tools) names.push_back(tool.name);
   std::ranges::sort(names);
-  return {{.text = {.spelling = "{tools} tools",
-                    .literals = {"", " tools"},
-                    .slots = {{.fact = Fact::tools}}},
-           .truths = {{.count = catalog.tools.size()}}},
-          {.text = {.spelling = "mcp__{tool}",
-                    .literals = {"mcp__", ""},
-                    .slots = {{.fact = Fact::tool}}},
-           .truths = {{.names = std::make_shared<const registry::Names>(std::move(names))}}}};
+  claims.push_back({.text = {.spelling = "mcp__{tool}",
+                             .literals = {std::string(mcp), ""},
+                             .slots = {{.fact = Fact::tool}}},
+                    .truths = {{.names = std::make_shared<const registry::Names>(names)}}});
+  return claims;
 }
 
 std::vector<Span> generated_spans(const FileReport& file) {
@@ -52,6 +76,21 @@ std::vector<Span> generated_spans(const FileReport& file) {
   return spans;
 }
 
+// "tools" may begin "toolsets".
+bool goes_on(std::string_view text, std::size_t end) {
+  return end < text.size() && (text::is_letter_or_digit(text[end]) || text[end] == '-');
+}
+
+// Whose numbers are those of days gone by.
+bool is_history(std::string_view path) {
+  const std::string_view name = path.substr(path.rfind('/') + 1);
+  constexpr std::array<std::string_view, 4> histories = {"change", "history", "news",
+                                                         "release"};
+  return std::ranges::any_of(histories, [name](std::string_view history) {
+    return std::ranges::equal(name.substr(0, history.size()), history, {}, text::lower);
+  });
+}
+
 std::string claim_json(const std::string& path, std::string_view text) {
   std::string json = "{\"path\": ";
   json::append_string(json, path);
@@ -63,20 +102,18 @@ std::string claim_json(const std::string& path, std::string_view text) {
 // Looks for what is wanted in one file after the other.
 class Look {
  public:
-  explicit Look(const Catalog& catalog) : search_(wanted(catalog)) {}
+  explicit Look(const Catalog& catalog)
+      : count_(catalog.tools.size()), search_(wanted(catalog)) {
+    all_.resize(search_.claims().size());
+    std::iota(all_.begin(), all_.end(), 0);
+  }
 
   void at(const FileReport& file) {
-    const auto found = search_.find(file.text, both, generated_spans(file));
-    bool is_told = has_count(file);
+    const auto found = search_.find(file.text, all_, generated_spans(file));
+    if (!is_history(file.path) && !has_count(file)) tell_of_number(file, found);
     std::vector<std::string> prefixes;
     for (const FoundClaim& each : found) {
-      const std::string_view filling = std::string_view(file.text).substr(
-          each.match.slots[0].begin, each.match.slots[0].end - each.match.slots[0].begin);
-      if (each.claim == 0) {
-        is_told = is_told || tell_of_number(file, each, filling);
-      } else {
-        tell_of_name(file, each, filling, prefixes);
-      }
+      if (each.claim == nouns.size()) tell_of_name(file, each, prefixes);
     }
   }
 
@@ -90,6 +127,11 @@ class Look {
     });
   }
 
+  static std::string_view filling_of(const FileReport& file, const FoundClaim& found) {
+    const Span& slot = found.match.slots.front();
+    return std::string_view(file.text).substr(slot.begin, slot.end - slot.begin);
+  }
+
   void tell(const FileReport& file, const FoundClaim& found, const std::string& what,
             std::string_view claim) {
     registry_docs::LineCounter lines(file.text);
@@ -98,49 +140,91 @@ class Look {
                      " \"claims\": " + claim_json(file.path, claim));
   }
 
-  bool tell_of_number(const FileReport& file, const FoundClaim& found,
-                      std::string_view number) {
-    const auto parts = parts_of(search_, std::span(&found, 1), file.text);
-    if (parts.front().text == number) return false;
-    tell(file, found,
-         std::string(number) + " tools, of " + parts.front().text +
-             "; if all are meant, a claim keeps the number right:",
-         "{tools} tools");
-    return true;
+  static Number number_of(const FileReport& file, const FoundClaim& found) {
+    std::string digits(filling_of(file, found));
+    std::erase(digits, ',');
+    Number number{.value = std::numeric_limits<std::size_t>::max()};  // if it is too large
+    std::from_chars(digits.data(), digits.data() + digits.size(), number.value);
+    number.is_at_least = file.text[found.match.slots.front().end] == '+';
+    return number;
   }
 
-  void tell_of_name(const FileReport& file, const FoundClaim& found, std::string_view filling,
+  void tell_of_number(const FileReport& file, std::span<const FoundClaim> found) {
+    std::vector<Number> numbers;
+    std::vector<const FoundClaim*> places;
+    for (const FoundClaim& each : found) {
+      if (each.claim == nouns.size() || goes_on(file.text, each.match.all.end)) continue;
+      numbers.push_back(number_of(file, each));
+      places.push_back(&each);
+    }
+    const auto wrong = wrong_count(numbers, count_);
+    if (!wrong) return;
+    const FoundClaim& place = *places[*wrong];
+    const std::string noun(nouns[place.claim]);
+    tell(file, place,
+         std::string(filling_of(file, place)) + noun + ", but the server has " +
+             std::to_string(count_) + "; if all are meant, a claim keeps the number right:",
+         "{tools}" + noun);
+  }
+
+  void tell_of_name(const FileReport& file, const FoundClaim& found,
                     std::vector<std::string>& prefixes) {
+    const std::string_view filling = filling_of(file, found);
     const std::size_t end = filling.find("__");
-    if (end == filling.npos || end == 0) return;
+    if (end == std::string_view::npos || end == 0) return;
     std::string_view name = filling.substr(end + 2);
     while (name.ends_with('.')) name.remove_suffix(1);
-    std::string prefix = "mcp__" + std::string(filling.substr(0, end)) + "__";
+    std::string prefix = std::string(mcp) + std::string(filling.substr(0, end)) + "__";
     const bool is_tool =
-        std::ranges::binary_search(*search_.claims()[1].truths[0].names, name);
+        std::ranges::binary_search(*search_.claims()[nouns.size()].truths[0].names, name);
     if (!is_tool || std::ranges::find(prefixes, prefix) != prefixes.end()) return;
-    tell(file, found, prefix + " stands before names of tools; a claim has them looked up:",
-         prefix + "{tool}");
+    tell(file, found,
+         prefix + " stands before names of tools; a claim checks them:", prefix + "{tool}");
     prefixes.push_back(std::move(prefix));
   }
 
+  std::size_t count_;
   registry::ClaimSearch search_;
+  std::vector<std::size_t> all_ = {};  // claims
   std::vector<std::string> lines_ = {};
 };
 
-// Whether the repository has a manifest whose tools are kept by hand.
-bool has_tools_by_hand(std::span<const FileReport> files, const fs::path& root) {
-  if (std::ranges::find(files, manifest, &FileReport::path) != files.end()) return false;
+// Whether it is a manifest whose tools are kept by hand.
+bool has_tools_by_hand(const FileReport& file) {
+  if (file.path != manifest) return false;
   try {
-    const json::Document document(
-        "", registry_docs::read_bytes(root / manifest, registry_docs::FileKind::regular));
+    const json::Document document("", file.text);
     const json::Node object(document);
     const auto tools =
         object.kind() == json::Kind::object ? object.find("tools") : std::nullopt;
     return tools && tools->kind() == json::Kind::array;
   } catch (const std::exception&) {
-    return false;  // there is none, or nothing that could be advised of
+    return false;
   }
+}
+
+// A file that no one declared, if there is one that can be read.
+std::optional<FileReport> other_file(const fs::path& root, std::string_view path) {
+  try {
+    FileReport file{.path = std::string(path)};
+    file.text = registry_docs::read_text(root / path);
+    return file;
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+std::set<std::string> other_paths(std::span<const FileReport> declared, const fs::path& root) {
+  std::set<std::string> paths(at_the_root.begin(), at_the_root.end());
+  try {
+    for (auto& [pattern, files] : registry::matching_files(root, of_agents)) {
+      paths.insert(files.begin(), files.end());
+    }
+  } catch (const std::exception&) {
+    // What cannot be read needs no advice.
+  }
+  for (const FileReport& file : declared) paths.erase(file.path);
+  return paths;
 }
 
 }  // namespace
@@ -154,8 +238,15 @@ std::vector<std::string> undeclared(std::span<const FileReport> files,
     // Where the markers are wrong, no claim was looked for.
     if (file.state != registry_docs::FileState::wrong_markers) look.at(file);
   }
+  bool is_by_hand = false;
+  for (const std::string& path : other_paths(files, root)) {
+    const auto file = other_file(root, path);
+    if (!file) continue;
+    look.at(*file);
+    is_by_hand = is_by_hand || has_tools_by_hand(*file);
+  }
   std::vector<std::string> lines = look.take();
-  if (has_tools_by_hand(files, root)) {
+  if (is_by_hand) {
     lines.push_back(
         std::string(manifest) +
         ": its tools are kept by hand; a generated member keeps them right: \"files\": "

@@ -13,10 +13,11 @@
 namespace gen_registry_docs::advice {
 
 // A line for each thing that is seen and could be declared, with the member of the registry
-// that would hold it true: in a generated file a wrong number before "tools", or names of
+// that would hold it true: a wrong number before "tools" (see wrong_count.h), or names of
 // tools behind mcp__SERVER__, where no claim finds any; and the tools of a manifest.json. None
-// of these is a problem. Looks only where there is one server, of which layouts, members or
-// claims show something.
+// of these is a problem. Looks into the files of the reports and into some that tell of
+// servers by their names, of which those that cannot be read are passed over. Looks only where
+// there is one server, of which layouts, members or claims show something.
 std::vector<std::string> undeclared(std::span<const registry_docs::FileReport> files,
                                     const registry::Bound& bound,
                                     const std::filesystem::path& root);

@@ -25,7 +25,8 @@ void append_prose(std::string& to, std::string_view text, const EndLine& end_lin
 // What a reader sees of the span, on one line.
 std::string shown_code(const CodeSpan& span);
 
-// Appends the span on one line, in as few backquotes as it needs. HTML stands for one in which a block's marker would be found.
+// Appends the span on one line, in as few backquotes as it needs. HTML stands for one in which
+// a block's marker would be found.
 void append_span(std::string& to, const CodeSpan& span);
 
 // What a code span of this line would show, as HTML within a line, with `bar` for each "|".
