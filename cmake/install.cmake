@@ -17,15 +17,16 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/registry_docs-config.cmake
 # it reads and prints.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
 install(TARGETS gen_registry_docs)
-install(FILES ${PROJECT_SOURCE_DIR}/man/gen_registry_docs.1
+install(FILES ${PROJECT_BINARY_DIR}/gen_registry_docs DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/man/registry-docs.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/registry.schema.json
               ${PROJECT_SOURCE_DIR}/docs/output.schema.json
         DESTINATION ${CMAKE_INSTALL_DATADIR}/registry_docs)
 set(completions ${PROJECT_SOURCE_DIR}/completions)
-install(FILES ${completions}/gen_registry_docs.bash RENAME gen_registry_docs
+install(FILES ${completions}/registry-docs.bash RENAME registry-docs
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-install(FILES ${completions}/_gen_registry_docs
+install(FILES ${completions}/_registry-docs
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
-install(FILES ${completions}/gen_registry_docs.fish
+install(FILES ${completions}/registry-docs.fish
         DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)

@@ -24,9 +24,10 @@ ${text}
 endfunction()
 
 write_changelog(${share}/doc/registry-docs/changelog)
-execute_process(COMMAND gzip -9 --no-name ${share}/man/man1/gen_registry_docs.1
+execute_process(COMMAND gzip -9 --no-name ${share}/man/man1/registry-docs.1
                         ${share}/doc/registry-docs/changelog
                 COMMAND_ERROR_IS_FATAL ANY)
 file(RENAME ${share}/zsh/site-functions ${share}/zsh/vendor-completions)
+file(CREATE_LINK registry-docs.1.gz ${share}/man/man1/gen_registry_docs.1.gz SYMBOLIC)
 configure_file(${sources}/packaging/registry-docs.lintian-overrides
                ${share}/lintian/overrides/registry-docs COPYONLY)

@@ -8,7 +8,7 @@ namespace gen_registry_docs {
 
 // One screen.
 inline constexpr std::string_view help_text =
-    R"(usage: gen_registry_docs (--check | --write | --list) [OPTION]... [DIR]...
+    R"(usage: registry-docs (--check | --write | --list) [OPTION]... [DIR]...
 Makes every list of a tool server's tools from its registry.
   --check          name the files whose lists are out of date; write nothing
     --diff           and what a write would change (--color auto|always|never)

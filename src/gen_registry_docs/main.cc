@@ -1,4 +1,4 @@
-// gen_registry_docs: makes every list of a tool server's tools from its registry.
+// registry-docs: makes every list of a tool server's tools from its registry.
 #include <csignal>
 #include <exception>
 #include <new>
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     const auto options = gen_registry_docs::parse_options({argv + 1, argv + argc});
     return gen_registry_docs::run(options, argv[0]);
   } catch (const std::bad_alloc&) {
-    print_error("gen_registry_docs: expected more memory, found none left");
+    print_error("registry-docs: expected more memory, found none left");
   } catch (const std::exception& error) {
     print_error(error.what());
   }

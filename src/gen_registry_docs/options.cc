@@ -293,7 +293,7 @@ Options parse_options(std::span<const char* const> arguments) {
   if (given.print_layout) take_action(Action::print_layout, action);
   if (!action) {
     throw UsageError(
-        "gen_registry_docs: expected --check, --write or --list, found none; see "
+        "registry-docs: expected --check, --write or --list, found none; see "
         "--help");
   }
   options.action = *action;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <deque>
+#include <string>
 #include <vector>
 
 #include "gen_registry_docs/check.h"
@@ -10,6 +11,7 @@
 #include "gen_registry_docs/formats/model.h"
 #include "gen_registry_docs/help.h"
 #include "gen_registry_docs/output.h"
+#include "gen_registry_docs/version.h"
 #include "gen_registry_docs/workspace.h"
 #include "gen_registry_docs/write.h"
 #include "registry_docs/catalog/model.h"
@@ -76,7 +78,7 @@ int run(const Options& options, std::string_view program) {
   if (options.action == Action::help) return print(help_text), 0;
   if (options.action == Action::print_layout) return print_layout(options.layout);
   if (options.action == Action::version) {
-    return print("gen_registry_docs " REGISTRY_DOCS_VERSION "\n"), 0;
+    return print("registry-docs " + std::string(version()) + "\n"), 0;
   }
   try {
     return carry_out(options, program);

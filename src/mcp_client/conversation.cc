@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 5> versions = {modern, latest_legacy, "20
                                                       "2025-03-26", "2024-11-05"};
 
 constexpr const char* client_info =
-    R"({"name":"gen_registry_docs","version":")" REGISTRY_DOCS_VERSION R"("})";
+    R"({"name":"registry-docs","version":")" REGISTRY_DOCS_VERSION R"("})";
 
 // What every request of the modern era carries.
 std::string metadata() {

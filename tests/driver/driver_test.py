@@ -3,6 +3,7 @@
 import itertools
 import os
 import pathlib
+import re
 import resource
 import shutil
 import socket
@@ -56,7 +57,7 @@ ODD = {  # messages about what may stand in a file's place, and how it is put th
 }
 
 REFUSED = {  # command lines, and the messages of their refusals
-    "": "gen_registry_docs: expected --check, --write or --list, found none; see --help",
+    "": "registry-docs: expected --check, --write or --list, found none; see --help",
     "--check --quiet=1": "--quiet: expected no value, found '1'",
     "--write --check": "--check --write: expected one of them, found both",
     "--list --check": "--check --list: expected one of them, found both",
@@ -165,7 +166,8 @@ class Driver(ExampleTest):
         for arguments, message in REFUSED.items():
             with self.subTest(arguments):
                 self.expect(2, "", message + "\n", self.root, *arguments.split())
-        self.expect(0, f"gen_registry_docs {os.environ['VERSION']}\n", "", "/", "--version")
+        version = subprocess.check_output([PROGRAM, "--version"], encoding="utf-8")
+        self.assertRegex(version, rf"^registry-docs {re.escape(os.environ['VERSION'])}( \([0-9a-f]{{12}}(-dirty)?\))?\n$")
         text = subprocess.check_output([PROGRAM, "--check", "--help"]).decode()
         self.assertIn("(--check | --write | --list) [OPTION]... [DIR]...\n", text)
         lines = text.splitlines()

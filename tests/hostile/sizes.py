@@ -91,7 +91,7 @@ def measure(path, root, text, size, is_right):
 def expect_refusal_without_memory(root):
     (root / REGISTRY).write_text(tool(description="a|b " * 9_999_999), encoding="utf-8")
     said, _, _ = run(["prlimit", "--as=99999999", PROGRAM, "--write", "--root", str(root)])
-    assert said == "gen_registry_docs: expected more memory, found none left\n", said
+    assert said == "registry-docs: expected more memory, found none left\n", said
 
 
 def main():

@@ -7,7 +7,7 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix --config ${CONFIG})
-run(${WORK}/prefix/bin/gen_registry_docs --version)
+run(${WORK}/prefix/bin/registry-docs --version)
 
 file(READ ${WORK}/prefix/include/registry_docs/host.h header)
 string(REGEX MATCH "(//(     [^\n]*)?\n)+" example "${header}")

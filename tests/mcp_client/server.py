@@ -9,7 +9,7 @@ import time
 
 sys.stdout.reconfigure(encoding="utf-8", line_buffering=True)
 
-CLIENT = {"name": "gen_registry_docs", "version": os.environ["VERSION"]}
+CLIENT = {"name": "registry-docs", "version": os.environ["VERSION"]}
 META = {"io.modelcontextprotocol/protocolVersion": "2026-07-28",
         "io.modelcontextprotocol/clientCapabilities": {}, "io.modelcontextprotocol/clientInfo": CLIENT}
 INFO = {"io.modelcontextprotocol/serverInfo": {"name": "s"}}

@@ -56,6 +56,7 @@ std::vector<KnownClaim> wanted(const Catalog& catalog) {
     claims.push_back(count_before(noun, catalog.tools.size()));
   }
   registry::Names names;
+  names.reserve(catalog.tools.size());
   for (const auto& tool : catalog.tools) names.push_back(tool.name);
   std::ranges::sort(names);
   claims.push_back({.text = {.spelling = "mcp__{tool}",

@@ -1,6 +1,6 @@
-# Completes the command line of gen_registry_docs in fish.
+# Completes the command line of registry-docs in fish.
 
-set -l command complete -c gen_registry_docs
+set -l command complete -c registry-docs
 set -l no_action 'not __fish_contains_opt -s h check write list print-layout print-model help version'
 
 $command -f
@@ -29,3 +29,6 @@ $command -l strict -d 'What cannot be read of a schema is an error'
 $command -l jobs -x -d 'Servers that are asked at once'
 $command -l recursive -d 'All repositories below'
 $command -x -a '(__fish_complete_directories)'
+
+# Its other name.
+complete -c gen_registry_docs -w registry-docs

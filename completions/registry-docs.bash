@@ -1,7 +1,7 @@
-# Completes the command line of gen_registry_docs in bash.
+# Completes the command line of registry-docs in bash.
 
 # The options that go with what stands before the word, less those that stand there already.
-_gen_registry_docs_options() {
+_registry_docs_options() {
   local given=" $* " options option
   local sources='--root --recursive --registry --tools --save-tools --timeout --offline --strict --jobs'
   case $given in
@@ -17,7 +17,7 @@ _gen_registry_docs_options() {
   done
 }
 
-_gen_registry_docs() {
+_registry_docs() {
   local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} wanted
   # Bash makes a word of its own of the equals sign in --root=DIR.
   if [ "$word" = = ]; then
@@ -33,10 +33,10 @@ _gen_registry_docs() {
     --print-layout) wanted=(-W 'count list prompts reference resources tool tools') ;;
     --format) wanted=(-W 'text json github') ;;
     --color) wanted=(-W 'auto always never') ;;
-    *) wanted=(-W "$(_gen_registry_docs_options "${COMP_WORDS[@]:1:COMP_CWORD-1}")") ;;
+    *) wanted=(-W "$(_registry_docs_options "${COMP_WORDS[@]:1:COMP_CWORD-1}")") ;;
   esac
   [ "${wanted[0]}" = -W ] || compopt -o filenames 2>/dev/null
   mapfile -t COMPREPLY < <(compgen "${wanted[@]}" -- "$word")
 }
 
-complete -F _gen_registry_docs gen_registry_docs
+complete -F _registry_docs registry-docs gen_registry_docs
