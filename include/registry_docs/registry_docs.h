@@ -40,7 +40,7 @@ struct Part {
   std::size_t begin = 0;  // a byte offset in the text
   std::size_t end = 0;
   std::string text = {};  // what is to stand there
-  // Why a person has to mend what stands there, a sentence for messages; then no text is ever
+  // Why a person has to fix what stands there, a sentence for messages; then no text is ever
   // written there.
   std::string fault = {};
   bool has_place =

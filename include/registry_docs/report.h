@@ -34,7 +34,7 @@ struct BlockReport {
   std::size_t begin = 0;      // of its body, a byte offset in the file's text
   std::size_t end = 0;
   std::string rendered = {};  // of a stale block: the body that a write would write
-  std::string fault = {};     // of a failed part: what a person has to mend, a sentence
+  std::string fault = {};     // of a failed part: what a person has to fix, a sentence
 };
 
 enum class FileState {

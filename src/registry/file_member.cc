@@ -24,7 +24,7 @@ using registry_docs::Part;
 std::string pointer_of(const Node& declared) {
   const std::string_view pointer = declared.string();
   bool is_one = pointer.starts_with('/');
-  for (std::size_t at = pointer.find('~'); at != pointer.npos;
+  for (std::size_t at = pointer.find('~'); at != std::string_view::npos;
        at = pointer.find('~', at + 1)) {
     const std::string_view escape = pointer.substr(at, 2);
     is_one = is_one && (escape == "~0" || escape == "~1");
@@ -86,6 +86,7 @@ std::string json_of(const FileMember& member, const registry_docs::catalog::Cata
 std::vector<Part> parts_in(const json::Document& document,
                            const std::vector<MadeMember>& members) {
   std::vector<json::Member> values;
+  values.reserve(members.size());
   for (const MadeMember& each : members) {
     values.push_back({each.pointer, json::Node(*each.value)});
   }

@@ -109,7 +109,7 @@ Block named_block_of_server(const json::Node& declared,
     declared.refuse("one of the layouts " +
                         text::join(registry_docs::layouts::builtin_layouts(), ", ",
                                    &registry_docs::layouts::BuiltinText::name) +
-                        " behind the server's name",
+                        " after the server's name",
                     registry_docs::in_quotes(block.name));
   }
   return block;

@@ -22,7 +22,7 @@ struct Pattern {
 std::string_view beginning_of(std::string_view pattern) {
   const std::size_t sign = std::min(pattern.find_first_of("*?[\\"), pattern.size());
   const std::size_t slash = pattern.rfind('/', sign);
-  return slash == pattern.npos ? std::string_view() : pattern.substr(0, slash);
+  return slash == std::string_view::npos ? std::string_view() : pattern.substr(0, slash);
 }
 
 // Whether one of two directories lies within the other, or is it.
@@ -43,6 +43,7 @@ std::map<std::string, std::vector<std::string>> matching_files(
     const fs::path& root, const std::set<std::string>& patterns) {
   std::map<std::string, std::vector<std::string>> found;
   std::vector<Pattern> read;
+  read.reserve(patterns.size());
   for (const std::string& pattern : patterns) {
     read.push_back({beginning_of(pattern), text::parse_glob(pattern), &found[pattern]});
   }

@@ -257,7 +257,7 @@ class Layouts(unittest.TestCase):
                 (self.root / "registry-docs.json").write_text(json.dumps(document))
                 (self.root / path).write_bytes(b"a\r\n\nb\r")
                 done = self.run_program("--check")
-                self.assertIn("put these lines where the lists shall stand:\n" + "\n".join(names), done.stderr)
+                self.assertIn("put these lines where the lists belong:\n" + "\n".join(names), done.stderr)
                 (self.root / path).write_bytes(f"a\r\n{margin}{names[0]}\r\n{names[1]}\nb\r".encode())
                 self.written(path)
                 gap = "\r\n" if path[-1] == "x" else ""

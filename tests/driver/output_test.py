@@ -21,7 +21,7 @@ SCHEMA = json.loads(pathlib.Path(os.environ["OUTPUT_SCHEMA"]).read_text(encoding
 TOOLS, END = "<!-- registry:readme-tools -->", "<!-- /registry:readme-tools -->"
 CONFLICT = "<<<<<<< ours\n{}\n=======\n{}\n>>>>>>> theirs\n"
 UP_TO_DATE = "To bring the blocks up to date, run:\n  {} --write\n"
-MENDED = "When that is mended, bring the blocks up to date:\n  {} --write\n"
+FIXED = "When that is fixed, bring the blocks up to date:\n  {} --write\n"
 
 
 def drop(*names):
@@ -34,7 +34,7 @@ def pair(name):
     return f"<!-- registry:{name} -->\n<!-- /registry:{name} -->\n"
 
 
-ADVICE = {  # the changes, and what is said to be mended by hand
+ADVICE = {  # the changes, and what is said to be fixed by hand
     "stale": ([STALE], ""),
     "a conflict within a block": ([(README, "14 tools", CONFLICT.format("14", "15"))], ""),
     "a conflict across a marker": (
@@ -51,51 +51,51 @@ ADVICE = {  # the changes, and what is said to be mended by hand
         "by hand\n"),
     "missing in the midst": (
         drop("params:file_tree", "params:call_paths", "mcp-cli"),
-        "docs/mcp-tools.md: missing params:file_tree, params:call_paths; put these lines behind "
+        "docs/mcp-tools.md: missing params:file_tree, params:call_paths; put these lines after "
         "line 150:\n" + pair("params:file_tree") + pair("params:call_paths") +
-        "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" + pair("mcp-cli")),
+        "docs/mcp-tools.md: missing mcp-cli; put these lines after line 33:\n" + pair("mcp-cli")),
     "missing, and more in the line before it": (
         [(README, TOOLS, ""), (README, END, ""), *drop("mcp-overview"),
          (MCP, "<!-- /registry:mcp-intro -->", "<!-- /registry:mcp-intro --> x")],
-        "".join(f"{file}: missing {name}; put these lines where the lists shall stand:\n" + pair(name)
+        "".join(f"{file}: missing {name}; put these lines where the lists belong:\n" + pair(name)
                 for file, name in ((README, "readme-tools"), (MCP, "mcp-overview")))),
     "unknown": ([(MCP, "registry:mcp-cli", "registry:größe")],
-                "docs/mcp-tools.md:37: größe is no block of this file; take out its markers and what "
-                "is between them, or mend its name\n"
-                "docs/mcp-tools.md: missing mcp-cli; put these lines behind line 33:\n" +
+                "docs/mcp-tools.md:37: größe is no block of this file; remove its markers and what "
+                "is between them, or fix its name\n"
+                "docs/mcp-tools.md: missing mcp-cli; put these lines after line 33:\n" +
                 pair("mcp-cli")),
     "unknown, but near": ([(README, "registry:readme-tools", "registry:readme_tool")],
                           "README.md:50: readme_tool is no block of this file; perhaps "
                           "readme-tools is meant\n"),
     "unknown, and near to one that is there": (
         [(README, "# Tesmo Sorvet\n", pair("readme-tool"))],
-        "README.md:1: readme-tool is no block of this file; take out its markers and what is "
-        "between them, or mend its name\n"),
+        "README.md:1: readme-tool is no block of this file; remove its markers and what is "
+        "between them, or fix its name\n"),
     "one marker misspelt": ([(README, TOOLS, TOOLS.replace("tools", "tool"))],
                             "README.md:50: readme-tool is no block of this file; perhaps "
                             "readme-tools is meant\n"),
     "a name that no marker can hold": (
         [(REGISTRY, '"name": "file_tree"', '"name": "file.tree"')],
-        "docs/mcp-tools.md:158: params:file_tree is no block of this file; take out its markers and "
-        "what is between them, or mend its name\ndocs/mcp-tools.md: params:file.tree can be no "
+        "docs/mcp-tools.md:158: params:file_tree is no block of this file; remove its markers and "
+        "what is between them, or fix its name\ndocs/mcp-tools.md: params:file.tree can be no "
         'block; rename the tool, with letters, numbers, "_", ":" and "-" alone\n'),
     "repeated": ([(README, "# Tesmo Sorvet\n", pair("readme-tools") * 2)],
                  "".join(f"README.md:{line}: readme-tools stands at line 1 already; keep one of "
                          "them\n" for line in (3, 53))),
-    "a blank behind an opening marker": (
+    "a blank after an opening marker": (
         [(README, TOOLS, TOOLS + " ")],
-        "README.md:50: the line must end with the opening marker of readme-tools; take away the "
-        "blank behind it\n"),
-    "text behind an opening marker": (
+        "README.md:50: the line must end with the opening marker of readme-tools; remove the "
+        "blank after it\n"),
+    "text after an opening marker": (
         [(README, TOOLS, TOOLS + "\u3000x")],
         "README.md:50: the line must end with the opening marker of readme-tools; move the text "
-        "behind it to the next line\n"),
+        "after it to the next line\n"),
     "never closed": ([(README, END, "")],
                      "README.md:50: readme-tools is opened and never closed; add "
-                     "<!-- /registry:readme-tools --> where it shall end\n"),
+                     "<!-- /registry:readme-tools --> where it ends\n"),
     "never opened": ([(README, TOOLS, "")],
                      "README.md:69: readme-tools is closed and was not opened; add <!-- registry:"
-                     "readme-tools -->, on a line of its own, where it shall begin\n"),
+                     "readme-tools -->, on a line of its own, where it begins\n"),
     "within another block": (
         [(MCP, "<!-- /registry:mcp-intro -->\n", ""),
          (MCP, "<!-- /registry:mcp-overview -->\n",
@@ -108,17 +108,17 @@ ADVICE = {  # the changes, and what is said to be mended by hand
     "markers that are only mentioned": (
         [(MCP, "## Command line\n", f"A block (`{TOOLS}`, `<!-- registry:mcp-cli -->`)\n"),
          *drop("params:workspace")],
-        "docs/mcp-tools.md: missing params:workspace; put these lines behind line 211:\n" +
+        "docs/mcp-tools.md: missing params:workspace; put these lines after line 211:\n" +
         pair("params:workspace")),
 }
 FOLLOWED = (  # what is done, to the letter, about a line of advice: its form, and the change
     (r"perhaps (.*) is meant", lambda name, found, lines, at:
      [line.replace(f"registry:{name} ", f"registry:{found[1]} ") for line in lines]),
-    (r"(behind it|to the next line)$", lambda name, found, lines, at:
+    (r"(after it|to the next line)$", lambda name, found, lines, at:
      lines[:at] + [lines[at].replace(" -->", " -->\n").replace("\n \n", "\n")] + lines[at + 1:]),
     (r"; write (.*)", lambda name, found, lines, at:
      lines[:at] + [re.sub("<!--.*-->", found[1], lines[at])] + lines[at + 1:]),
-    (r"take out its markers", lambda name, found, lines, at:
+    (r"remove its markers", lambda name, found, lines, at:
      lines[:at] + lines[lines.index(f"<!-- /registry:{name} -->\n") + 1:]),
 )
 
@@ -135,8 +135,8 @@ class Output(ExampleTest):
             file, line, name, said = re.match(r"(.*?):(\d*):? (\S*) (.*)", said).groups()
             path, at = self.root / file, int(line or 0) - 1
             lines = path.read_text(encoding="utf-8").splitlines(keepends=True)
-            if behind := re.search(r"behind line (\d+):", said):
-                lines.insert(int(behind[1]), pasted)
+            if after := re.search(r"after line (\d+):", said):
+                lines.insert(int(after[1]), pasted)
             else:
                 done = [change(name, found, lines, at) for form, change in FOLLOWED
                         if (found := re.search(form, said))]
@@ -152,7 +152,7 @@ class Output(ExampleTest):
             with self.subTest(name):
                 self.renew(*changes)
                 before = [(self.root / file).read_bytes() for file in FILES]
-                expected = by_hand + (MENDED if by_hand else UP_TO_DATE).format(PROGRAM)
+                expected = by_hand + (FIXED if by_hand else UP_TO_DATE).format(PROGRAM)
                 self.assertEqual(self.run_program("--check").stderr, expected)
                 refused = self.run_program("--write", "--quiet").returncode
                 self.assertEqual(refused, int(by_hand != ""))

@@ -17,7 +17,7 @@ SKILL = {"path": "s/**/*.md", "text": "n__{tool}", "allow": ["n__old"]}
 BLOCK = "<!-- registry:count -->\n\n%s\n\n<!-- /registry:count -->\n"
 MDX_BLOCK = "{/* registry:count */}\n\n%s\n\n{/* /registry:count */}\n"
 RUN = "To bring the blocks up to date, run:\n"
-MENDED = "When that is mended, bring the blocks up to date:\n"
+FIXED = "When that is fixed, bring the blocks up to date:\n"
 
 # What the registry says; the files; what the check says, and on standard error; the files after.
 ROWS = {
@@ -33,16 +33,16 @@ ROWS = {
         {"files": [TOOLS]}, {"m.json": '{"tools" : ["search",\n"\\u0061dd"]}'}, "", "", {}),
     "a member of no JSON": (
         {"files": [TOOLS], "claims": [{"path": "m.json", "text": "a {tools}"}]}, {"m.json": '{"tools": []\n"a": 1}'},
-        "m.json:2:1: expected a comma or a closing brace, found '\"'\n", MENDED, None),
+        "m.json:2:1: expected a comma or a closing brace, found '\"'\n", FIXED, None),
     "a member that is there twice": (
         {"files": [TOOLS]}, {"m.json": '{"tools": [], "tools": []}'},
-        'm.json:1:16: expected each member once, found "tools" a second time\n', MENDED, None),
+        'm.json:1:16: expected each member once, found "tools" a second time\n', FIXED, None),
     "a name that a terminal would act on": (
         {"files": [TOOLS]}, {"m.json": r'{"\u001b[0m": 1, "\u001b[0m": 2}'},
-        'm.json:1:19: expected each member once, found "\\x1b[0m" a second time\n', MENDED, None),
+        'm.json:1:19: expected each member once, found "\\x1b[0m" a second time\n', FIXED, None),
     "a member of no object": (
         {"files": [TOOLS | {"member": "/a/b"}]}, {"m.json": '{"a": []}'},
-        "m.json: /a: expected an object that has b, or may have it, found an array\n", MENDED, None),
+        "m.json: /a: expected an object that has b, or may have it, found an array\n", FIXED, None),
     "counts beside a block, but not within": (
         {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]},
         {"R.md": "**3 tools**\n" + BLOCK % "**4 tools**" + "**3 tools**\n"},
@@ -60,8 +60,8 @@ ROWS = {
     "a count beside wrong markers": (
         {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT]}, {"R.md": "**3 tools**\n"},
         "R.md: the markers do not match the blocks it holds (missing ['count'], unknown [], repeated [])\n",
-        "R.md: missing count; put these lines where the lists shall stand:\n<!-- registry:count -->\n"
-        "<!-- /registry:count -->\n" + MENDED, None),
+        "R.md: missing count; put these lines where the lists belong:\n<!-- registry:count -->\n"
+        "<!-- /registry:count -->\n" + FIXED, None),
     "a count in a file with its own line ends": (
         {"claims": [COUNT]}, {"R.md": "a\r\n**3 tools**\rb\n"}, "R.md: out of date: **{tools} tools**\n", RUN,
         {"R.md": "a\r\n**2 tools**\rb\n"}),
@@ -71,12 +71,12 @@ ROWS = {
         {"m.json": '{"tools": ["search", "add"], "a": "has 2"}'}),
     "a claim that is found nowhere": (
         {"claims": [COUNT]}, {"R.md": "**3 tool**\n"}, "R.md: claims that do not hold: **{tools} tools**\n",
-        "R.md: expected the claim **{tools} tools**, found it nowhere\n" + MENDED, None),
+        "R.md: expected the claim **{tools} tools**, found it nowhere\n" + FIXED, None),
     "names": (
         {"claims": [SKILL]}, {"s/a.md": "a\nn__serch, n__old\n", "s/b/c.md": "n__search n__x.\n", "s/x.txt": "n__x",
                               "s/n/.git/a.md": "n__x", ".gitignore": "/s/no", "s/no/a.md": "n__x"},
         "s/a.md: claims that do not hold: n__serch\ns/b/c.md: claims that do not hold: n__x\n",
-        "s/a.md:2: n__serch names no tool; perhaps n__search\ns/b/c.md:1: n__x names no tool\n" + MENDED, None),
+        "s/a.md:2: n__serch names no tool; perhaps n__search\ns/b/c.md:1: n__x names no tool\n" + FIXED, None),
     "a claim of a file under another name": (
         {"files": [{"path": "R.md", "blocks": ["count"]}], "claims": [COUNT | {"path": "link.md"}]},
         {"R.md": BLOCK % "3" + "**3 tools**\n", "link.md": "R.md"},
@@ -86,7 +86,7 @@ ROWS = {
         {"claims": [SKILL]}, {"s/a.md": "a", "s/b/c.md": "n__search"}, "", "", {}),
     "names in none of several files": (
         {"claims": [SKILL]}, {"s/a.md": "a", "s/b/c.md": "b"}, "s/a.md: claims that do not hold: n__{tool}\n",
-        "s/a.md: expected the claim n__{tool} in one of s/**/*.md, found it in none\n" + MENDED, None),
+        "s/a.md: expected the claim n__{tool} in one of s/**/*.md, found it in none\n" + FIXED, None),
 }
 # Two servers, of which one did not answer; what is listed.
 LISTS = {

@@ -108,7 +108,7 @@ def try_out(copy, fault):
     try:
         result = outcome(copy, fault, done, lines)
         if "TORN" not in result:
-            copy.expect_mended_by_a_write()
+            copy.expect_fixed_by_a_write()
         result += ", after a short write" if any(map(SHORT.search, lines)) else ""
     except (AssertionError, subprocess.CalledProcessError) as error:
         result = "FAILED"

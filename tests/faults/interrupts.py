@@ -41,7 +41,7 @@ def interrupt(copy, number, delay):
     assert files == expected, what + str(files)
     assert status == -number or (status, news) == (0, len(files)), what + str(status)
     if not torn:
-        copy.expect_mended_by_a_write()
+        copy.expect_fixed_by_a_write()
 
 
 for interruption in INTERRUPTS:

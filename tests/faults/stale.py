@@ -39,7 +39,7 @@ class Copy:
             if now != old:
                 (self.root / file).write_bytes(old)
 
-    def expect_mended_by_a_write(self):
+    def expect_fixed_by_a_write(self):
         """A write that nothing disturbs succeeds, and nothing was left beside the files."""
         subprocess.run([*self.command, "--write"], stdout=subprocess.DEVNULL, check=True)
         assert subprocess.check_output([*self.command, "--check"]) == b"", "not current"

@@ -72,7 +72,7 @@ void add_unknown(Steps& steps, const FileReport& file, text::Guesses& guesses,
     const std::string_view meant = guesses.take(block.name);
     add(steps, file, block.line,
         block.name + " is no block of this file; " +
-            (meant.empty() ? "take out its markers and what is between them, or mend its name"
+            (meant.empty() ? "remove its markers and what is between them, or fix its name"
                            : "perhaps " + std::string(meant) + " is meant"));
     explained.insert(meant);
   }
@@ -112,8 +112,8 @@ Step step_for_missing(const FileReport& file, std::span<const std::string_view> 
     step.paste.push_back(registry_docs::opening_marker(name, file.syntax.comment));
     step.paste.push_back(registry_docs::closing_marker(name, file.syntax.comment));
   }
-  step.text += line == 0 ? "; put these lines where the lists shall stand:"
-                         : "; put these lines behind line " + std::to_string(line) + ":";
+  step.text += line == 0 ? "; put these lines where the lists belong:"
+                         : "; put these lines after line " + std::to_string(line) + ":";
   return step;
 }
 
@@ -137,7 +137,7 @@ void add_missing(Steps& steps, const FileReport& file, const Names& explained) {
   std::ranges::stable_sort(added, std::ranges::greater(), &Step::line);
 }
 
-// What a person has to mend outside of all blocks.
+// What a person has to fix outside of all blocks.
 void add_faults(Steps& steps, const FileReport& file) {
   for (const BlockReport& part : file.blocks) {
     if (part.fault.empty()) continue;

@@ -12,7 +12,7 @@
 
 namespace gen_registry_docs::advice {
 
-// One thing that has to be mended by hand.
+// One thing that has to be fixed by hand.
 struct Step {
   std::size_t line;                // where, counted from 1; 0 where no place is known
   std::string text;                // begins with the file

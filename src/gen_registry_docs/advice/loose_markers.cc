@@ -35,16 +35,16 @@ std::string opening_fault(std::string_view name, std::string_view rest,
   if (!behind.empty()) {
     const bool is_blank = registry_docs::strip(behind).empty();
     return "the line must end with the opening marker of " + std::string(name) +
-           (is_blank ? "; take away the blank behind it"
-                     : "; move the text behind it to the next line");
+           (is_blank ? "; remove the blank after it"
+                     : "; move the text after it to the next line");
   }
   return std::string(name) + " is opened and never closed; add " +
-         closing_marker(name, comment) + " where it shall end";
+         closing_marker(name, comment) + " where it ends";
 }
 
 std::string closing_fault(std::string_view name, const Comment& comment) {
   return std::string(name) + " is closed and was not opened; add " +
-         opening_marker(name, comment) + ", on a line of its own, where it shall begin";
+         opening_marker(name, comment) + ", on a line of its own, where it begins";
 }
 
 std::string inner_fault(std::string_view name, const BlockReport& around) {

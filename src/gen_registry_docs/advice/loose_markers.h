@@ -16,13 +16,13 @@ namespace gen_registry_docs::advice {
 struct LooseMarker {
   std::string_view name;     // of that block; borrows from the report
   std::size_t line;          // counted from 1
-  std::string fault;         // what is wrong with it, and how it is mended
+  std::string fault;         // what is wrong with it, and how it is fixed
   bool is_misspelt = false;  // it is no marker of that name yet
 };
 
 // The markers of missing blocks that make no block, wherever they stand, and the markers and
 // comments that are almost theirs. A marker that is misspelt takes its name from `guesses`.
-// The faults that are gone once a misspelt marker is mended are left out.
+// The faults that are gone once a misspelt marker is fixed are left out.
 std::vector<LooseMarker> loose_markers(const registry_docs::FileReport& file,
                                        text::Guesses& guesses);
 

@@ -60,7 +60,7 @@ void print_next_steps(std::span<const FileReport> files, std::span<const Steps> 
                             : options.tools == "-"  ? ", with the tools as input"
                                                     : "";
   print_error((is_writable ? "To bring the blocks up to date, run"
-                           : "When that is mended, bring the blocks up to date") +
+                           : "When that is fixed, bring the blocks up to date") +
               input + ":");
   print_error("  " + write_command(options, program));
 }

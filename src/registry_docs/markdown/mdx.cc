@@ -70,13 +70,9 @@ class Mdx {
       : to_(to), text_(markdown), backquotes_(markdown) {}
 
   void append() {
-    bool begins_line = to_.empty() || to_.back() == '\n';
     while (at_ < text_.size()) {
-      if (begins_line) begin_line();
-      begins_line = false;
-      if (at_ == text_.size()) return;
-      append_next();
-      begins_line = to_.back() == '\n';
+      if (to_.empty() || to_.back() == '\n') begin_line();
+      if (at_ < text_.size()) append_next();
     }
   }
 
