@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "port/to_double.h"
 #include "text/join.h"
 #include "text/nearest.h"
 
@@ -147,14 +148,12 @@ std::size_t number_of_jobs(const std::optional<std::string>& given, std::size_t 
 std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string>& given) {
   if (!given) return std::nullopt;
   constexpr double most = 24 * 60 * 60;
-  double number = 0;
-  const char* const end = given->data() + given->size();
-  const auto [rest, failure] = std::from_chars(given->data(), end, number);
-  if (failure != std::errc() || rest != end || !(number > 0 && number <= most)) {
+  const auto number = port::to_double(*given);
+  if (!number || !(*number > 0 && *number <= most)) {
     throw UsageError("--timeout: expected a number of seconds, found " + shown(*given));
   }
   constexpr double second = std::chrono::milliseconds::period::den;
-  return std::chrono::milliseconds(std::max(std::llround(number * second), 1LL));
+  return std::chrono::milliseconds(std::max(std::llround(*number * second), 1LL));
 }
 
 // An option is never taken for one.

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "port/to_double.h"
 #include "registry_docs/text.h"
 
 namespace json {
@@ -52,9 +53,7 @@ std::optional<registry_docs::Value> integer_value(std::string_view number) {
 }
 
 std::optional<double> floating_value(std::string_view number) {
-  double held = 0;
-  const auto result = std::from_chars(number.data(), number.data() + number.size(), held);
-  if (result.ec == std::errc()) return held;
+  if (const auto held = port::to_double(number)) return held;
   if (!is_tiny(number)) return std::nullopt;
   return number.starts_with('-') ? -0.0 : 0.0;
 }

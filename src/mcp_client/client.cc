@@ -39,7 +39,6 @@ class Asking {
   void start_more();
   void stop();
   void tell();
-  void watch_signals();
 
   std::span<const Server> servers_;
   const Settings* settings_;
@@ -49,7 +48,6 @@ class Asking {
   std::size_t running_ = 0;
   bool is_stopped_ = false;
   bool is_long_ = false;
-  uv_poll_t signals_{};
   std::optional<Timer> wonder_;
   Loop loop_;  // ends before all that it calls
 };
@@ -63,22 +61,13 @@ Asking::Asking(std::span<const Server> servers, const Settings& settings)
   });
   wonder_->set(short_wait);
   wonder_->make_optional();
-  watch_signals();
-}
-
-void Asking::watch_signals() {
-  signals_.data = this;
-  require(::uv_poll_init(loop_.get(), &signals_, held_.pending()), "uv_poll_init");
-  ::uv_unref(reinterpret_cast<uv_handle_t*>(&signals_));
-  ::uv_poll_start(&signals_, UV_READABLE, [](uv_poll_t* poll, int, int) {
-    ::uv_poll_stop(poll);
-    static_cast<Asking*>(poll->data)->stop();
-  });
+  held_.watch(loop_, [this] { stop(); });
 }
 
 std::vector<Outcome> Asking::run() {
   loop_.guard([this] { start_more(); });
   loop_.run();
+  held_.close(loop_);
   std::vector<Outcome> outcomes;
   for (Exchange& exchange : exchanges_) outcomes.push_back(exchange.take_outcome());
   for (std::size_t i = outcomes.size(); i < servers_.size(); ++i) {

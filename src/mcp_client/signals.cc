@@ -1,45 +1,59 @@
 #include "mcp_client/signals.h"
 
-#include "port/signals.h"
+#include <algorithm>
+#include <utility>
 
 namespace mcp_client {
-namespace {
-
-bool takes_effect(int signal, const sigset_t& mask) {
-  struct sigaction action {};
-  ::sigaction(signal, nullptr, &action);
-  return ::sigismember(&mask, signal) == 0 && action.sa_handler != SIG_IGN;
-}
-
-sigset_t signals_to_end(const sigset_t& mask) {
-  sigset_t signals;
-  ::sigemptyset(&signals);
-  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-    if (takes_effect(signal, mask)) ::sigaddset(&signals, signal);
-  }
-  return signals;
-}
-
-}  // namespace
 
 SignalsHeld::SignalsHeld() {
   ::pthread_sigmask(SIG_SETMASK, nullptr, &mask_before_);
   ::sigaction(SIGCHLD, nullptr, &child_before_);
-  const sigset_t held = signals_to_end(mask_before_);
-  pending_ = port::signal_file(held);
-  sigset_t mask = mask_before_;
-  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-    if (::sigismember(&held, signal) == 1) ::sigaddset(&mask, signal);
+  ::sigaction(SIGPIPE, nullptr, &pipe_before_);
+  for (const int number : to_end) {
+    struct sigaction before {};
+    ::sigaction(number, nullptr, &before);
+    const bool is_blocked = ::sigismember(&mask_before_, number) == 1;
+    if (!is_blocked && before.sa_handler != SIG_IGN) watched_.push_back({number, before});
   }
-  ::sigaddset(&mask, SIGPIPE);
-  ::sigdelset(&mask, SIGCHLD);
-  ::pthread_sigmask(SIG_SETMASK, &mask, nullptr);
+  caught_.reserve(watched_.size());
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+  sigset_t child;
+  ::sigemptyset(&child);
+  ::sigaddset(&child, SIGCHLD);
+  ::pthread_sigmask(SIG_UNBLOCK, &child, nullptr);
 }
 
 SignalsHeld::~SignalsHeld() {
-  if (::sigismember(&mask_before_, SIGPIPE) == 0) port::take_signal(SIGPIPE);
   ::sigaction(SIGCHLD, &child_before_, nullptr);
+  ::sigaction(SIGPIPE, &pipe_before_, nullptr);
+  for (const Watched& each : watched_) ::sigaction(each.number, &each.before, nullptr);
   ::pthread_sigmask(SIG_SETMASK, &mask_before_, nullptr);
+  for (const int number : caught_) static_cast<void>(std::raise(number));
+}
+
+void SignalsHeld::watch(Loop& loop, std::function<void()> asked_to_end) {
+  asked_to_end_ = std::move(asked_to_end);
+  for (Watched& each : watched_) {
+    require(::uv_signal_init(loop.get(), &each.handle), "uv_signal_init");
+    each.handle.data = this;
+    const auto catch_it = [](uv_signal_t* handle, int number) {
+      auto* const self = static_cast<SignalsHeld*>(handle->data);
+      auto& caught = self->caught_;
+      if (std::ranges::find(caught, number) == caught.end()) caught.push_back(number);
+      self->asked_to_end_();
+    };
+    require(::uv_signal_start(&each.handle, catch_it, each.number), "uv_signal_start");
+    ::uv_unref(reinterpret_cast<uv_handle_t*>(&each.handle));
+  }
+}
+
+// The loop may have caught one that it has not called for yet.
+void SignalsHeld::close(Loop& loop) {
+  sigset_t signals;
+  ::sigemptyset(&signals);
+  for (const Watched& each : watched_) ::sigaddset(&signals, each.number);
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  ::uv_run(loop.get(), UV_RUN_NOWAIT);
 }
 
 }  // namespace mcp_client

@@ -26,7 +26,8 @@ constexpr std::array<std::string_view, 6> arrangement = {"server", "snapshot", "
 bool is_first_hosts(const Node& registry) {
   constexpr std::array<std::string_view, 5> general = {"product", "files", "server", "servers",
                                                        "mcpServers"};
-  return std::ranges::none_of(registry.find_each(general), &MaybeNode::has_value);
+  const auto found = registry.find_each(general);
+  return std::ranges::none_of(found, [](const MaybeNode& each) { return each.has_value(); });
 }
 
 std::vector<std::string_view> with(std::span<const std::string_view> names,
