@@ -28,6 +28,16 @@ need() {
     apt-get -q -o DPkg::Lock::Timeout=600 install -y --no-install-recommends "${missing[@]}" >&2
 }
 
+# Installs the compiler that is named first, and libraries of arm64.
+need_arm64() {
+  need "$1"
+  shift
+  if ! dpkg --print-foreign-architectures | grep -qx arm64; then
+    as_root dpkg --add-architecture arm64
+  fi
+  need "${@/%/:arm64}"
+}
+
 # Configures and builds one of the presets of CMakePresets.json.
 build() {
   cmake --preset "$1" && cmake --build --preset "$1"

@@ -37,7 +37,7 @@ void append_string(std::string& json, std::string_view text) {
   for (const char c : text) {
     if (const char letter = short_escape(c)) {
       json += {'\\', letter};
-    } else if (c >= 0 && c < ' ') {
+    } else if (static_cast<unsigned char>(c) < ' ') {
       json += "\\u00";
       json +=
           {digits[static_cast<std::size_t>(c >> 4)], digits[static_cast<std::size_t>(c & 15)]};

@@ -36,7 +36,7 @@ Slot slot_of(std::string_view name, const json::Node& declared) {
   return {.fact = static_cast<Fact>(found - facts.begin())};
 }
 
-bool is_control(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+bool is_control(char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }
 
 void require_sense(const ClaimText& claim, const json::Node& declared) {
   const auto& literals = claim.literals;

@@ -5,6 +5,7 @@
 
 #include "registry_docs/catalog/entries.h"
 #include "registry_docs/layouts/view_of.h"
+#include "text/ascii.h"
 
 namespace registry_docs::catalog {
 namespace {
@@ -100,11 +101,10 @@ View default_of(const Field& field) {
 
 // Whether two texts have the same letters and digits, whatever their case and what parts them.
 bool is_same_name(std::string_view left, std::string_view right) {
-  const auto letters = [](std::string_view text) {
+  const auto letters = [](std::string_view name) {
     std::string kept;
-    for (const char c : text) {
-      if (c >= 'A' && c <= 'Z') kept += static_cast<char>(c - 'A' + 'a');
-      if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c < 0) kept += c;
+    for (const char c : name) {
+      if (text::is_letter_or_digit(c) || !text::is_ascii(c)) kept += text::lower(c);
     }
     return kept;
   };
