@@ -32,3 +32,17 @@ need() {
 build() {
   cmake --preset "$1" && cmake --build --preset "$1"
 }
+
+# Lets PROGRAMS name a directory with this platform's program, as the packers of packaging/ take it:
+# the one that is given, or else one with the program as it is built now.
+find_programs() {
+  if [ -z "${PROGRAMS:-}" ]; then
+    need "${build_packages[@]}"
+    build release
+    PROGRAMS=$PWD/build/programs
+    rm -rf "$PROGRAMS"
+    install -D --strip build/release/registry-docs \
+      "$PROGRAMS/linux-$(uname -m | sed 's/x86_64/x64/; s/aarch64/arm64/')/registry-docs"
+  fi
+  export PROGRAMS
+}
