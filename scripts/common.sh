@@ -1,4 +1,5 @@
 # Sourced by the scripts beside it: goes to the project's top, and installs what is missing.
+# shellcheck shell=bash disable=SC2034  # the lists of packages are for those scripts
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
