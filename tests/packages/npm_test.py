@@ -49,7 +49,7 @@ platform and does not name it. Install with --include=optional; if that does not
 node_modules and the lock file, and install again.
 """ + OWN
 UNKNOWN = ("registry-docs: expected a package for the platform linux-mips, "
-           "found only registry-docs-darwin-arm64, registry-docs-linux-{cpu}\n" + OWN)
+           "found only registry-docs-darwin-{cpu}, registry-docs-linux-arm64, registry-docs-linux-x64\n" + OWN)
 WITHOUT = {  # the environment, the options of node, what is said
     "left out": ({}, [], LEFT_OUT),
     "an unknown platform": ({}, ["--require", "{0}/mips.js"], UNKNOWN),
@@ -108,11 +108,13 @@ def child_of(process):
 class Npm(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        """Serves the packages, with one for a platform that this is not."""
+        """Serves the packages, with those of another system and of another processor."""
         cls.place = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         programs = shutil.copytree(PROGRAMS, cls.place / "programs")
         cls.platform, = (path.name for path in programs.iterdir())
-        made(programs, {"darwin-arm64/registry-docs": b"none"})
+        cls.cpu = cls.platform.removeprefix("linux-")
+        other = {"x64": "arm64", "arm64": "x64"}[cls.cpu]
+        made(programs, {f"{each}/registry-docs": b"none" for each in (f"darwin-{cls.cpu}", f"linux-{other}")})
         assert pack("npm", programs, cls.place / "packed").returncode == 0
         server = cls.enterClassContext(http.server.ThreadingHTTPServer(("127.0.0.1", 0), Registry))
         server.answers = served((cls.place / "packed").iterdir(), server.server_port)
@@ -152,7 +154,7 @@ class Npm(unittest.TestCase):
                 options = [option.format(place) for option in options]
                 done = subprocess.run(["node", *options, place / BIN, "--check"], cwd=place,
                                       env=self.env | env, **CAPTURED)
-                message = message.format(cpu=self.platform.removeprefix("linux-"))
+                message = message.format(cpu=self.cpu)
                 self.assertEqual((done.returncode, done.stdout, done.stderr), (2, "", message))
 
     def test_a_signal_ends_the_program(self):
