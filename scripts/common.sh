@@ -1,4 +1,5 @@
 # Sourced by the scripts beside it: goes to the project's top, and installs what is missing.
+# shellcheck shell=bash disable=SC2034  # the lists of packages are for those scripts
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -41,4 +42,18 @@ need_arm64() {
 # Configures and builds one of the presets of CMakePresets.json.
 build() {
   cmake --preset "$1" && cmake --build --preset "$1"
+}
+
+# Lets PROGRAMS name a directory with this platform's program, as the packers of packaging/ take it:
+# the one that is given, or else one with the program as it is built now.
+find_programs() {
+  if [ -z "${PROGRAMS:-}" ]; then
+    need "${build_packages[@]}"
+    build release
+    PROGRAMS=$PWD/build/programs
+    rm -rf "$PROGRAMS"
+    install -D --strip build/release/registry-docs \
+      "$PROGRAMS/linux-$(uname -m | sed 's/x86_64/x64/; s/aarch64/arm64/')/registry-docs"
+  fi
+  export PROGRAMS
 }
