@@ -14,13 +14,19 @@ as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
+# Whether a package is there: of this machine's architecture, unless the name says of which.
+is_installed() {
+  local architecture=${1#*:}
+  [ "$architecture" != "$1" ] || architecture=$(dpkg --print-architecture)
+  dpkg-query -W -f='${Architecture} ${db:Status-Status}\n' "$1" 2>/dev/null |
+    grep -qxE "($architecture|all) installed"
+}
+
 # Installs those of the named Debian packages that are not there yet.
 need() {
   local missing=() package
   for package in "$@"; do
-    if [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
-      missing+=("$package")
-    fi
+    is_installed "$package" || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return
   echo "installing ${missing[*]}" >&2
