@@ -243,7 +243,7 @@ Options parse_options(std::span<const char* const> arguments) {
   if (given.print_layout) take_action(Action::print_layout, action);
   if (!action) {
     throw UsageError(
-        "registry-docs: expected --check, --write or --list, found none; see "
+        "registry-docs: expected --check, --write, --list or init, found none; see "
         "--help");
   }
   options.action = *action;
