@@ -149,6 +149,8 @@ REFUSED = {  # what is there, the arguments, and the message
         "registry-docs.json: files[0].path: expected a file of the repository, found a link to {top}/x.md\n")),
     "a path that leads out": ({}, ("--markers", "docs/../../x.md"), (
         "--markers: expected a file within the repository, as in docs/tools.md, found 'docs/../../x.md'\n")),
+    "no path": ({}, ("--markers", ":tools"),
+                "--markers: expected a file within the repository, as in docs/tools.md, found ''\n"),
     "no such layout": ({}, ("--markers", "README.md:table"), (
         "--markers: expected one of the layouts count, list, prompts, reference, resources, tools behind the colon, "
         "found 'table'\n")),

@@ -31,7 +31,7 @@ bool is_of_documents(std::string_view path) {
 
 void require_path(const std::string& path, std::string_view given) {
   const bool leads_out = path.starts_with('/') || path == ".." || path.starts_with("../");
-  if (!leads_out && path != "." && !path.ends_with('/') &&
+  if (!path.empty() && !leads_out && path != "." && !path.ends_with('/') &&
       registry_docs::visible(path) == path) {
     return;
   }
