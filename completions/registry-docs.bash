@@ -5,12 +5,17 @@ _registry_docs_options() {
   local given=" $* " options option
   local sources='--root --recursive --registry --tools --save-tools --timeout --offline --strict --jobs'
   case $given in
+    ' init '*' -- '*) return ;;
+    ' init '*)
+      printf '%s\n' --markers --heading  # as often as there are blocks
+      options='--server --dry-run --root --timeout --help'
+      ;;
     *' --help '* | *' -h '* | *' --version '*) return ;;
     *' --check '*) options="--diff --format --color --fail-on --quiet $sources" ;;
     *' --write '*) options="--exit-code --quiet $sources" ;;
     *' --list '* | *' --print-model '*) options=$sources ;;
     *' --print-layout '*) return ;;
-    *) options="--check --write --list --print-layout --print-model --help --version $sources" ;;
+    *) options="init --check --write --list --print-layout --print-model --help --version $sources" ;;
   esac
   for option in $options; do
     [[ $given == *" $option "* ]] || printf '%s\n' "$option"
@@ -27,8 +32,8 @@ _registry_docs() {
   fi
   case $option in
     --root) wanted=(-d) ;;
-    --registry | --tools | --save-tools) wanted=(-f) ;;
-    --timeout | --jobs) wanted=(-W '') ;;
+    --registry | --tools | --save-tools | --markers) wanted=(-f) ;;
+    --timeout | --jobs | --heading | --server) wanted=(-W '') ;;
     --fail-on) wanted=(-W 'any breaking') ;;
     --print-layout) wanted=(-W 'count list prompts reference resources tool tools') ;;
     --format) wanted=(-W 'text json github') ;;

@@ -4,7 +4,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # What the program is built from.
-build_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libuv1-dev rapidjson-dev)
+build_packages=(g++ cmake ninja-build pkg-config libtomlplusplus-dev libutf8proc-dev libuv1-dev
+                rapidjson-dev)
 # What the tests need besides.
 test_packages=(cmark-gfm git jq libgtest-dev libpcre2-dev patch python3 python3-jsonschema)
 # What the benchmarks need besides.

@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <filesystem>
 #include <string_view>
 #include <vector>
 
-#include "port/to_double.h"
 #include "text/join.h"
 #include "text/nearest.h"
 
@@ -79,42 +77,6 @@ constexpr std::array<Choice<FailOn>, 2> severities = {
 constexpr std::array<Choice<Color>, 3> colors = {
     {{"auto", Color::automatic}, {"always", Color::always}, {"never", Color::never}}};
 
-// The command line, taken from left to right.
-class Arguments {
- public:
-  explicit Arguments(std::span<const char* const> rest) : rest_(rest) {}
-
-  [[nodiscard]] bool empty() const { return rest_.empty(); }
-
-  std::string_view take() {
-    const std::string_view taken = rest_.front();
-    rest_ = rest_.subspan(1);
-    return taken;
-  }
-
- private:
-  std::span<const char* const> rest_;
-};
-
-std::string shown(std::string_view argument) { return "'" + std::string(argument) + "'"; }
-
-// Takes the value of the option `name` when `argument` is that option, as "--root DIR" or
-// "--root=DIR".
-bool take_value(std::string_view name, std::string_view argument, Arguments& rest,
-                std::optional<std::string>& value) {
-  if (!argument.starts_with(name)) return false;
-  const std::string_view behind = argument.substr(name.size());
-  if (!behind.empty() && behind[0] != '=') return false;
-  const std::string option(name);
-  if (value) throw UsageError(option + ": expected once, found again");
-  if (behind.empty() && rest.empty()) {
-    throw UsageError(option + ": expected a value, found nothing");
-  }
-  value = behind.empty() ? rest.take() : behind.substr(1);
-  if (value->empty()) throw UsageError(option + ": expected a value, found an empty one");
-  return true;
-}
-
 bool take_any_value(std::string_view argument, Arguments& rest, Given& given) {
   return std::ranges::any_of(values, [&](const ValueSwitch& each) {
     return take_value(each.name, argument, rest, given.*(each.value));
@@ -143,17 +105,6 @@ std::size_t number_of_jobs(const std::optional<std::string>& given, std::size_t 
     throw UsageError("--jobs: expected a number from 1 to 1000, found " + shown(*given));
   }
   return number;
-}
-
-std::optional<std::chrono::milliseconds> seconds(const std::optional<std::string>& given) {
-  if (!given) return std::nullopt;
-  constexpr double most = 24 * 60 * 60;
-  const auto number = port::to_double(*given);
-  if (!number || !(*number > 0 && *number <= most)) {
-    throw UsageError("--timeout: expected a number of seconds, found " + shown(*given));
-  }
-  constexpr double second = std::chrono::milliseconds::period::den;
-  return std::chrono::milliseconds(std::max(std::llround(*number * second), 1LL));
 }
 
 // An option is never taken for one.
@@ -292,7 +243,7 @@ Options parse_options(std::span<const char* const> arguments) {
   if (given.print_layout) take_action(Action::print_layout, action);
   if (!action) {
     throw UsageError(
-        "registry-docs: expected --check, --write or --list, found none; see "
+        "registry-docs: expected --check, --write, --list or init, found none; see "
         "--help");
   }
   options.action = *action;

@@ -6,17 +6,12 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-namespace gen_registry_docs {
+#include "gen_registry_docs/arguments.h"
 
-// A command line that cannot be carried out. The message begins with what is wrong.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+namespace gen_registry_docs {
 
 enum class Action { check, write, list, print_model, print_layout, help, version };
 enum class Format { text, json, github };

@@ -35,7 +35,7 @@ fs::path find_root() {
   throw UsageError(start.string() + ": expected " + tesmo_sorvet::registry_path + " or " +
                    registry::registry_path +
                    " here or in a directory above, found none; name the repository with "
-                   "--root DIR");
+                   "--root DIR, or begin with registry-docs init");
 }
 
 // A directory as it is seen from the current one.

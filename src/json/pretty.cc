@@ -36,6 +36,11 @@ void Pretty::string(std::string_view text) {
   append_string(text_, text);
 }
 
+void Pretty::number(std::size_t number) {
+  begin_part();
+  text_ += std::to_string(number);
+}
+
 std::string Pretty::take() && {
   text_ += '\n';
   return std::move(text_);

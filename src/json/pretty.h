@@ -33,6 +33,7 @@ class Pretty {
   void close(Kind list) { close(list == Kind::array ? ']' : '}'); }
   void name(std::string_view name);
   void string(std::string_view text);
+  void number(std::size_t number);
   // All of a value: members in order, numbers as they are spelled.
   void value(const Node& value);
 

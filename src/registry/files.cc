@@ -239,8 +239,9 @@ void add_member(File& file, File&& other, const json::Node& declared) {
 
 fs::path real_path(const json::Node& declared, const fs::path& root) {
   std::error_code failure;
-  const fs::path top = fs::weakly_canonical(root, failure);
-  fs::path path = fs::weakly_canonical(root / declared.string(), failure);
+  const fs::path here = root.empty() ? "." : root;
+  const fs::path top = fs::weakly_canonical(here, failure);
+  fs::path path = fs::weakly_canonical(here / declared.string(), failure);
   if (failure) return root / declared.string();  // reading it will say why
   const auto [end, rest] = std::ranges::mismatch(top, path);
   if (end != top.end()) {

@@ -135,7 +135,10 @@ std::vector<std::string> names_of(const std::vector<Source>& sources) {
 }  // namespace
 
 Repository open_repository(const std::filesystem::path& root, const Opening& opening) {
-  Repository repository{.root = root, .registry = registry_document(root, opening.registry)};
+  Repository repository{.root = root,
+                        .registry = opening.document
+                                        ? opening.document
+                                        : registry_document(root, opening.registry)};
   const Node document(*repository.registry);
   repository.is_first_host = !opening.has_answer && is_first_hosts(document);
   if (repository.is_first_host) return repository;

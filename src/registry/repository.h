@@ -37,7 +37,8 @@ struct Repository {
 
 struct Opening {
   std::optional<std::string> registry =
-      {};                   // in place of the repository's own; "-": standard input
+      {};  // in place of the repository's own; "-": standard input
+  std::shared_ptr<json::Document> document = {};  // in place of any file
   bool has_answer = false;  // a saved one, so that this is not the first host
   bool needs_files = true;  // without them no list can be made
 };

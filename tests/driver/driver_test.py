@@ -57,7 +57,7 @@ ODD = {  # messages about what may stand in a file's place, and how it is put th
 }
 
 REFUSED = {  # command lines, and the messages of their refusals
-    "": "registry-docs: expected --check, --write or --list, found none; see --help",
+    "": "registry-docs: expected --check, --write, --list or init, found none; see --help",
     "--check --quiet=1": "--quiet: expected no value, found '1'",
     "--write --check": "--check --write: expected one of them, found both",
     "--list --check": "--check --list: expected one of them, found both",
@@ -173,7 +173,8 @@ class Driver(ExampleTest):
         lines = text.splitlines()
         self.assertTrue(len(lines) < 24 and max(map(len, lines)) <= 80, "one screen")
         message = ("/: expected src/tesmo_sorvet/tool_registry.json or registry-docs.json here or in a "
-                   "directory above, found none; name the repository with --root DIR\n")
+                   "directory above, found none; name the repository with --root DIR, or begin with "
+                   "registry-docs init\n")
         self.expect(2, "", message, "/", "--check")
         self.expect(2, "", f"the current directory: {NO_FILE}\n", self.directory, "--check",
                     preexec_fn=lambda: (os.mkdir("x"), os.chdir("x"), os.rmdir("../x")))

@@ -245,6 +245,17 @@ class Several(unittest.TestCase):
         self.assertEqual(self.run_program("--check", "a", "b/c"), (
             2, "", "a/README.md: expected UTF-8, found an ill-formed sequence at byte 0\n"))
 
+    def test_a_link_that_leads_out_of_a_directory_that_is_named(self):
+        self.save("x.md", markers("list"))
+        self.save("a/registry-docs.json", {"files": [{"path": "out/x.md", "blocks": ["list"]}], "tools": [LIST]})
+        (self.top / "a/out").symlink_to("..")
+        for root, name in ((self.top, "a"), (self.top / "a", ".")):
+            self.root = root
+            said = self.run_program("--write", name)[2].replace("a/reg", "reg").replace(f"{self.top}/", "")
+            self.assertEqual(said, "registry-docs.json: files[0].path: expected a file of the repository, found a link "
+                             "to x.md\n")
+        self.assertEqual((self.top / "x.md").read_text(), markers("list"))
+
     def test_command_lines_that_are_refused(self):
         self.declare_two()
         (self.root / "empty").mkdir()

@@ -1,30 +1,16 @@
 #include "gen_registry_docs/advice/next_steps.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "gen_registry_docs/output.h"
+#include "gen_registry_docs/shell_word.h"
 
 namespace gen_registry_docs::advice {
 namespace {
 
 using registry_docs::FileReport;
 using registry_docs::FileState;
-
-bool is_plain(char c) {
-  constexpr std::string_view signs = "_@%+=:,./-";
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-         signs.find(c) != std::string_view::npos;
-}
-
-// The text as one word of a shell's command line.
-std::string shell_word(std::string_view text) {
-  if (!text.empty() && std::ranges::all_of(text, is_plain)) return std::string(text);
-  std::string word = "'";
-  for (const char c : text) word += c == '\'' ? "'\\''" : std::string(1, c);
-  return word + "'";
-}
 
 std::string write_command(const Options& options, std::string_view program) {
   std::string command = shell_word(program) + " --write";
