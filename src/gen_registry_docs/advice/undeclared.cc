@@ -52,6 +52,7 @@ KnownClaim count_before(std::string_view noun, std::size_t count) {
 // What is looked for: a claim for each of the nouns, and "mcp__{tool}" behind them.
 std::vector<KnownClaim> wanted(const Catalog& catalog) {
   std::vector<KnownClaim> claims;
+  claims.reserve(nouns.size() + 1);
   for (const std::string_view noun : nouns) {
     claims.push_back(count_before(noun, catalog.tools.size()));
   }
