@@ -207,6 +207,8 @@ bool has_tools_by_hand(const FileReport& file) {
 
 // A file that no one declared, if there is one that can be read.
 std::optional<FileReport> other_file(const fs::path& root, std::string_view path) {
+  std::error_code failure;
+  if (!fs::is_regular_file(root / path, failure)) return std::nullopt;
   try {
     FileReport file{.path = std::string(path)};
     file.text = registry_docs::read_text(root / path);
