@@ -13,6 +13,7 @@ namespace {
 
 std::vector<TidyLine> lines_in(std::string_view text) {
   std::vector<TidyLine> lines;
+  lines.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1);
   std::optional<Fence> fence;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
