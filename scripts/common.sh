@@ -51,6 +51,16 @@ build() {
   cmake --preset "$1" && cmake --build --preset "$1"
 }
 
+# Builds one of the presets of the program, and packs it into DIRECTORY as a .deb and a .tar.gz, dated
+# as the last commit: pack PRESET DIRECTORY
+pack() {
+  build "$1"
+  SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+  export SOURCE_DATE_EPOCH
+  rm -rf "$2"
+  cpack --config "build/$1/CPackConfig.cmake" -B "$2"
+}
+
 # Lets PROGRAMS name a directory with this platform's program, as the packers of packaging/ take it:
 # the one that is given, or else one with the program as it is built now.
 find_programs() {

@@ -33,6 +33,9 @@ std::vector<port::Descriptor> missing_standard_files() {
 class Asking {
  public:
   Asking(std::span<const Server> servers, const Settings& settings);
+  ~Asking() { held_.close(loop_); }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
   std::vector<Outcome> run();
 
  private:
@@ -67,7 +70,6 @@ Asking::Asking(std::span<const Server> servers, const Settings& settings)
 std::vector<Outcome> Asking::run() {
   loop_.guard([this] { start_more(); });
   loop_.run();
-  held_.close(loop_);
   std::vector<Outcome> outcomes;
   for (Exchange& exchange : exchanges_) outcomes.push_back(exchange.take_outcome());
   for (std::size_t i = outcomes.size(); i < servers_.size(); ++i) {

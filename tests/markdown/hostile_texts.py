@@ -7,7 +7,7 @@ TEXTS = [
     "[a, b]", "nodes[] and connections[]", "[]", "[](x)", "[][]", "a[](b)", "![]", "[] [x]",
     "nodes[]: a", "~5 seconds", "username~name", "C:\\Users\\*", "\\d+\\.\\d*", "\\", "\\\\",
     "a\\", "a\\\nb", "\\\\\\", "\\ a", "a \\\n b", "AT&T; Q&A", "x&y;", "C #", "C#", "# C #", "##",
-    "a ##", "a#", "a\n#", "issue #12", "100%", "$5 and $6", "a@b.cd", "mailto:a_b@c.de", "@user",
+    "a ##", "a#", "a\n#", "see #12", "100%", "$5 and $6", "a@b.cd", "mailto:a_b@c.de", "@user",
     "{{mustache}}", "{% liquid %}", "${x}", "a:b:c", ":tada:", "5 * * * *", "* * *", "a * b * c",
     "_ _ _", "- - -",
     # Emphasis.

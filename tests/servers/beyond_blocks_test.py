@@ -1,18 +1,15 @@
 """What stands outside of blocks, in files as real servers have them: each is declared, drifts, is checked and
 written."""
 
+import copy
 import json
-import os
 import pathlib
-import subprocess
 import tempfile
 import unittest
 
-import layouts_test
+import real_servers
 
-MODULES = pathlib.Path(os.environ["SERVERS"])
-HOSTINGER = "hostinger-api-mcp/src/servers/all.js"
-CHROME = layouts_test.CHROME[0]
+HOSTINGER = ("hostinger-api-mcp/src/servers/all.js", [], {})
 SKILLS = "skills/**/SKILL.md"
 BADGE = "![{tools} tools](https://img.example/badge/tools-{tools}-blue)"
 MDX = ("---\ntitle: Tools\n---\nimport {Tabs} from '@theme/Tabs'\n\n<Tabs>\n\n{/* registry:tools */}\n"
@@ -20,21 +17,14 @@ MDX = ("---\ntitle: Tools\n---\nimport {Tabs} from '@theme/Tabs'\n\n<Tabs>\n\n{/
 
 
 def of_package(package, pattern):
-    place = MODULES / package
+    place = real_servers.MODULES / package
     return {str(path.relative_to(place)): path.read_text() for path in place.glob(pattern)}
 
 
 class BeyondBlocks(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.answers = {}
-        for program, args, env in ((HOSTINGER, [], {}), layouts_test.CHROME):
-            with tempfile.TemporaryDirectory() as place:
-                server = {"command": "node", "args": [str(MODULES / program), *args], "env": env}
-                (pathlib.Path(place) / "registry-docs.json").write_text(json.dumps({"server": server, "files": []}))
-                subprocess.run([os.environ["PROGRAM"], "--print-model", "--save-tools", "answer.json"], cwd=place,
-                               check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
-                cls.answers[program] = json.loads((pathlib.Path(place) / "answer.json").read_text())
+        cls.answers = {server[0]: real_servers.answer_of(server) for server in (HOSTINGER, real_servers.CHROME)}
 
     def setUp(self):
         self.root = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -46,15 +36,14 @@ class BeyondBlocks(unittest.TestCase):
         for path, text in texts.items():
             (self.root / path).parent.mkdir(parents=True, exist_ok=True)
             (self.root / path).write_text(text)
-        self.answer = {**self.answers[server], "tools": list(self.answers[server]["tools"])}
+        self.answer = copy.deepcopy(self.answers[server[0]])
         self.run_program("--write")
         self.expect("", "--check")
         self.before = {path: (self.root / path).read_text() for path in texts}
 
     def run_program(self, *arguments):
         (self.root / "answer.json").write_text(json.dumps(self.answer))
-        return subprocess.run([os.environ["PROGRAM"], *arguments, "--tools", "answer.json"], cwd=self.root, check=False,
-                              capture_output=True, encoding="utf-8", stdin=subprocess.DEVNULL)
+        return real_servers.run_program(self.root, *arguments, "--tools", "answer.json")
 
     def expect(self, output, *arguments):
         done = self.run_program(*arguments)
@@ -95,7 +84,7 @@ class BeyondBlocks(unittest.TestCase):
     def test_manifest_of_a_bundle(self):
         manifest = {"manifest_version": "0.3", "name": "notes", "server": {"type": "node", "mcp_config": {"args": []}},
                     "tools": [], "license": "MIT"}
-        self.declare(CHROME, {"manifest.json": json.dumps(manifest, indent=4) + "\n"}, files=[
+        self.declare(real_servers.CHROME, {"manifest.json": json.dumps(manifest, indent=4) + "\n"}, files=[
             {"path": "manifest.json", "member": "/tools", "value": "names-and-descriptions"}])
         self.assertEqual(json.loads(self.before["manifest.json"]) | {"tools": []}, manifest)
         gone = self.answer["tools"].pop()
@@ -105,7 +94,7 @@ class BeyondBlocks(unittest.TestCase):
 
     def test_skills(self):
         texts = of_package("chrome-devtools-mcp", SKILLS)
-        self.declare(CHROME, texts, claims=[
+        self.declare(real_servers.CHROME, texts, claims=[
             {"path": SKILLS, "text": "Use `{tool}`", "allow": ["Use `filePath`", "Use `--help`"]}])
         self.answer["tools"] = [{**tool, "name": tool["name"].replace("list_pages", "list_tabs")}
                                 for tool in self.answer["tools"]]
@@ -119,7 +108,7 @@ class BeyondBlocks(unittest.TestCase):
         self.expect("", "--check")
 
     def test_mdx_page(self):
-        self.declare(CHROME, {"tools.mdx": MDX}, files=[{"path": "tools.mdx", "blocks": ["tools"]}])
+        self.declare(real_servers.CHROME, {"tools.mdx": MDX}, files=[{"path": "tools.mdx", "blocks": ["tools"]}])
         self.answer["tools"][0] = {**self.answer["tools"][0], "description": "Takes {a} <b>."}
         self.expect("tools.mdx: blocks out of date: tools\n", "--check")
         self.run_program("--write")

@@ -11,12 +11,11 @@ import tempfile
 import unittest
 
 import hostile_texts
-import layouts_test
+import real_servers
 import shown_page
 import visible_text
 
 HERE = pathlib.Path(__file__).parent
-MODULES = pathlib.Path(os.environ["SERVERS"])
 COMMENTS = {"page.md": ("<!--", "-->"), "page.mdx": ("{/*", "*/}")}
 # The lines of texts are as long as their authors made them.
 RULES = {"MD013/line-length"}
@@ -38,20 +37,10 @@ class Formatters(unittest.TestCase):
                               stdin=subprocess.DEVNULL)
 
     def run_module(self, name, *arguments):
-        return self.run_in_root(MODULES / ".bin" / name, *arguments)
+        return self.run_in_root(real_servers.MODULES / ".bin" / name, *arguments)
 
     def run_program(self, *arguments):
         return self.run_in_root(os.environ["PROGRAM"], *arguments, "--tools", "answer.json")
-
-    def answers(self):
-        """The answers of all servers, each as it runs."""
-        servers = [(program, *more) for program, more in layouts_test.SERVERS.items()]
-        for program, args, env in [*servers, layouts_test.PLAYWRIGHT, layouts_test.CHROME]:
-            server = {"command": "node", "args": [str(MODULES / program), *args], "env": env}
-            self.declare(["page.md"], ["count"], server=server)
-            done = self.run_in_root(os.environ["PROGRAM"], "--write", "--save-tools", "answer.json")
-            self.assertEqual(done.returncode, 0, done.stderr)
-            yield program, json.loads((self.root / "answer.json").read_text())
 
     def declare(self, pages, blocks, **more):
         files = [{"path": page, "blocks": blocks} for page in pages]
@@ -84,7 +73,7 @@ class Formatters(unittest.TestCase):
 
     def look_at(self, answer):
         self.write(answer)
-        done = self.run_in_root("node", HERE.resolve() / "mdx.mjs", MODULES, "page.mdx")
+        done = self.run_in_root("node", HERE.resolve() / "mdx.mjs", real_servers.MODULES, "page.mdx")
         self.assertEqual(done.returncode, 0, done.stderr)
         shown = visible_text.collapsed(shown_page.Page(done.stdout).text)
         texts = set(map(visible_text.of_blocks, shown_page.descriptions(answer["tools"])))
@@ -92,9 +81,9 @@ class Formatters(unittest.TestCase):
         return self.lines_changed("page.md"), self.lines_changed("page.mdx")
 
     def test_servers(self):
-        for program, answer in self.answers():
-            with self.subTest(program):
-                self.assertEqual(self.look_at(answer), (0, 0))
+        for server in real_servers.ALL:
+            with self.subTest(server[0]):
+                self.assertEqual(self.look_at(real_servers.answer_of(server)), (0, 0))
                 self.assertEqual(self.run_program("--check").stdout, "")
                 done = self.run_module("markdownlint-cli2", "page.md")
                 self.assertIn("Linting: 1 file(s)", done.stdout)

@@ -3,42 +3,16 @@ and the reference, in which every change of an answer must show."""
 
 import copy
 import json
-import os
 import pathlib
 import random
 import re
-import subprocess
 import tempfile
 import unittest
 
 import shown_page
+from real_servers import CHROME, MODULES, PLAYWRIGHT, SERVERS, declared, run_program
 
 HERE = pathlib.Path(__file__).parent
-MODULES = pathlib.Path(os.environ["SERVERS"])
-SERVERS = {  # programs, what they are given, and what they want to be told before they start
-    "@antv/mcp-server-chart/build/index.js": ([], {}),
-    "@brave/brave-search-mcp-server/dist/index.js": ([], {"BRAVE_API_KEY": "none"}),
-    "@hubspot/mcp-server/dist/index.js": ([], {"PRIVATE_APP_ACCESS_TOKEN": "none"}),
-    "@kazuph/mcp-taskmanager/dist/index.js": ([], {"TASK_MANAGER_FILE_PATH": "tasks.json"}),
-    "@mapbox/mcp-server/dist/index.js": ([], {"MAPBOX_ACCESS_TOKEN": "pk.eyJ1Ijoibm9uZSJ9.none"}),
-    "@modelcontextprotocol/server-everything/dist/index.js": ([], {}),
-    "@modelcontextprotocol/server-filesystem/dist/index.js": (["."], {}),
-    "@modelcontextprotocol/server-memory/dist/index.js": ([], {"MEMORY_FILE_PATH": "memory.json"}),
-    "@modelcontextprotocol/server-sequential-thinking/dist/index.js": ([], {}),
-    "@notionhq/notion-mcp-server/bin/cli.mjs": ([], {"NOTION_TOKEN": "none"}),
-    "@upstash/context7-mcp/dist/index.js": ([], {}),
-    "airtable-mcp-server/dist/main.js": ([], {"AIRTABLE_API_KEY": "none"}),
-    "figma-developer-mcp/dist/bin.js": (["--stdio"], {"FIGMA_API_KEY": "none"}),
-    "firecrawl-mcp/dist/index.js": ([], {"FIRECRAWL_API_KEY": "none"}),
-    "hostinger-api-mcp/src/servers/all.js": ([], {"API_TOKEN": "none"}),
-    "tavily-mcp/build/index.js": ([], {"TAVILY_API_KEY": "none"}),
-}
-PLAYWRIGHT = ("@playwright/mcp/cli.js",
-              ["--caps=config,network,storage,devtools,vision,pdf,testing"], {})
-CHROME = ("chrome-devtools-mcp/build/src/bin/chrome-devtools-mcp.js",
-          ["--experimentalVision", "--memoryDebugging", "--experimentalScreencast",
-           "--categoryExperimentalWebmcp", "--categoryExtensions",
-           "--categoryExperimentalThirdParty"], {"CHROME_DEVTOOLS_MCP_NO_USAGE_STATISTICS": "1"})
 CATEGORIES = {
     "input": "Input automation", "navigation": "Navigation automation", "emulation": "Emulation",
     "performance": "Performance", "network": "Network", "debugging": "Debugging",
@@ -93,12 +67,10 @@ class Layouts(unittest.TestCase):
         self.root = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
 
     def run_program(self, *arguments):
-        return subprocess.run([os.environ["PROGRAM"], *arguments], cwd=self.root, check=False,
-                              capture_output=True, encoding="utf-8", stdin=subprocess.DEVNULL)
+        return run_program(self.root, *arguments)
 
     def declare(self, server, block, **more):
-        program, args, env = server
-        document = {"server": {"command": "node", "args": [str(MODULES / program), *args], "env": env},
+        document = {"server": declared(*server),
                     "files": [{"path": "README.md", "blocks": [block]}]} | more
         (self.root / "registry-docs.json").write_text(json.dumps(document))
         name = block if isinstance(block, str) else block["name"]

@@ -13,10 +13,8 @@ constexpr std::size_t npos = std::string_view::npos;
 
 bool is_any_of(char c, std::string_view characters) { return characters.find(c) != npos; }
 
-bool is_same_but_for_case(std::string_view text, std::string_view lower) {
-  return std::ranges::equal(text, lower, {}, [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
+bool is_same_but_for_case(std::string_view one, std::string_view lower) {
+  return std::ranges::equal(one, lower, {}, text::lower);
 }
 
 // The size of the character that `text` begins with if it may stand in an address, or 0.
