@@ -68,6 +68,8 @@ class Documents(unittest.TestCase):
             text = path.read_text()
             if "```console" not in text:
                 continue
+            if path.name == "typescript.md" and shutil.which("node") is None:
+                continue  # scripts/test-servers has one
             new, name = renewed(text), str(path.relative_to(TOP))
             if os.environ.get("UPDATE_DOCS"):
                 path.write_text(new)

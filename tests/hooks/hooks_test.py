@@ -23,7 +23,8 @@ from programs import project_version
 
 VERSION = project_version()
 PROGRAM, = pathlib.Path(os.environ["PROGRAMS"]).glob("linux-*/registry-docs")
-CI = (TOP / "docs/ci.md").read_text(encoding="utf-8")
+CI, *GUIDES = ((TOP / "docs" / name).read_text(encoding="utf-8")
+               for name in ("ci.md", "typescript.md", "python.md"))
 README = (TOP / "examples/tesmo-sorvet/README.md").read_text(encoding="utf-8")
 CURRENT, STALE = ("", ""), ("14 tools", "13 tools")  # changes of the README
 RENAMED = ("registry:readme-tools -->", "registry:other -->")
@@ -214,11 +215,11 @@ class Hooks(unittest.TestCase):
                     self.assertEqual(files_of(self.clone, made), before)
 
     def test_documented_workflows(self):
-        """What docs/ci.md shows is of this version, and names what there is."""
+        """What the documents show is of this version, and names what there is."""
         inputs = yaml.safe_load((TOP / "action.yml").read_text())["inputs"].keys()
         hooks = {each["id"] for each in yaml.safe_load((TOP / ".pre-commit-hooks.yaml").read_text())}
         used = set()
-        for text in re.findall(r"^```yaml\n(.*?)^```$", CI, re.MULTILINE | re.DOTALL):
+        for text in re.findall(r"^```yaml\n(.*?)^```$", "".join((CI, *GUIDES)), re.MULTILINE | re.DOTALL):
             document = yaml.safe_load(text)
             for job in document.get("jobs", {}).values():
                 for step in job["steps"]:

@@ -1,5 +1,5 @@
 # Installs the build, then configures, builds and runs a project that sees only what was
-# installed, and the example of host.h, which README shows too. Everything lies under WORK,
+# installed, and the example of host.h, which PAGE shows too. Everything lies under WORK,
 # which is made anew.
 file(REMOVE_RECURSE ${WORK})
 function(run)
@@ -14,10 +14,10 @@ string(REGEX MATCH "(//(     [^\n]*)?\n)+" example "${header}")
 string(REGEX REPLACE "\n//(     )?" "\n" example "\n${example}")
 string(STRIP "${example}" example)
 file(WRITE ${WORK}/example.cc "${example}\n")
-file(READ ${README} readme)
-string(FIND "${readme}" "```cpp\n${example}\n```\n" place)
+file(READ ${PAGE} page)
+string(FIND "${page}" "```cpp\n${example}\n```\n" place)
 if(place EQUAL -1)
-  message(FATAL_ERROR "${README}: expected the example of host.h, found none")
+  message(FATAL_ERROR "${PAGE}: expected the example of host.h, found none")
 endif()
 
 run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/build -G ${GENERATOR}
