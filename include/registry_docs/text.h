@@ -44,11 +44,7 @@ class LineCounter {
 
   // The line, counted from 1, that `place`, within the text, stands in. It must not lie before
   // the place that was asked for last.
-  std::size_t line_of(const char* place) {
-    line_ += static_cast<std::size_t>(std::count(at_, place, '\n'));
-    at_ = place;
-    return line_;
-  }
+  std::size_t line_of(const char* place);
 
  private:
   const char* at_;

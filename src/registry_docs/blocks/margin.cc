@@ -1,6 +1,7 @@
 #include "registry_docs/blocks/margin.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 #include "registry_docs/markdown/line.h"
 #include "text/ascii.h"
@@ -43,17 +44,20 @@ std::string behind(std::string_view margin, std::string_view text) {
   return lines.append(margin);
 }
 
-// Between blank lines, as blocks of Markdown stand.
-std::string apart(std::string_view text) {
-  const std::size_t begin = std::min(text.find_first_not_of('\n'), text.size());
-  const std::size_t end = text.find_last_not_of('\n') + 1;
-  if (begin >= end) return {};
-  return "\n" + std::string(text.substr(begin, end - begin)) + "\n";
+// Without the line feeds at both ends.
+std::string_view core_of(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of('\n'), text.size()));
+  return text.substr(0, text.find_last_not_of('\n') + 1);  // npos + 1 is 0
 }
 
-bool is_body(const Block& block, std::string_view text) {
-  return block.body.size() == text.size() + 1 && block.body.starts_with(text) &&
-         block.body.back() == '\n';
+// Whether the text is these pieces in a row. Found out without making a text of them, which
+// may be large.
+bool is_made_of(std::string_view text, std::initializer_list<std::string_view> pieces) {
+  for (const std::string_view piece : pieces) {
+    if (!text.starts_with(piece)) return false;
+    text.remove_prefix(piece.size());
+  }
+  return text.empty();
 }
 
 }  // namespace
@@ -61,15 +65,20 @@ bool is_body(const Block& block, std::string_view text) {
 std::optional<std::string> new_body(std::string_view whole, const Block& block,
                                     std::string text, const Syntax& syntax) {
   if (!syntax.keeps_form) {
-    if (is_body(block, text)) return std::nullopt;
+    if (is_made_of(block.body, {text, "\n"})) return std::nullopt;
     return std::move(text) + "\n";
   }
-  if (syntax.is_markdown) text = apart(text);
-  text += '\n';
+  const std::string_view shown = syntax.is_markdown ? core_of(text) : text;
+  // Blocks of Markdown stand between blank lines.
+  const std::string_view gap = syntax.is_markdown && !shown.empty() ? "\n" : "";
   const std::string margin = margin_of(line_before(whole, block.open), syntax.is_markdown);
-  text = behind(margin, text);
-  if (text == block.body) return std::nullopt;
-  return text;
+  if (margin.empty() && is_made_of(block.body, {gap, shown, gap, "\n"})) return std::nullopt;
+  std::string body;
+  body.reserve(shown.size() + 3);
+  body.append(gap).append(shown).append(gap) += '\n';
+  if (!margin.empty()) body = behind(margin, body);
+  if (body == block.body) return std::nullopt;
+  return body;
 }
 
 }  // namespace registry_docs::blocks

@@ -76,15 +76,16 @@ bool is_table(std::span<const Cells> rows) {
 
 }  // namespace
 
-void append_table(std::string& to, std::span<const TidyLine> rows) {
+void append_table(std::string& to, std::span<const Line> rows) {
   std::vector<Cells> cells;
-  for (const TidyLine& row : rows) cells.push_back(cells_of(row.line.text));
+  cells.reserve(rows.size());
+  for (const Line& row : rows) cells.push_back(cells_of(row.text));
   if (!is_table(cells)) {
-    for (const TidyLine& row : rows) to.append(row.line.whole).append("\n");
+    for (const Line& row : rows) to.append(row.whole).append("\n");
     return;
   }
   const std::vector<std::size_t> widths = widths_of(cells);
-  const std::string_view first = rows[0].line.whole;
+  const std::string_view first = rows[0].whole;
   const std::string_view indent = first.substr(0, first.find('|'));
   for (std::size_t i = 0; i < cells.size(); ++i) {
     to.append(indent).append("|");

@@ -5,14 +5,14 @@
 #include <span>
 #include <string>
 
-#include "registry_docs/markdown/tidy_line.h"
+#include "registry_docs/markdown/line.h"
 
 namespace registry_docs::markdown {
 
 // Appends lines that begin with a bar, each with a line feed: every cell as wide as the widest
 // of its column, if the second of them is that between a table's header and its rows. Lines
 // that make no table stay as they are.
-void append_table(std::string& to, std::span<const TidyLine> rows);
+void append_table(std::string& to, std::span<const Line> rows);
 
 }  // namespace registry_docs::markdown
 

@@ -1,73 +1,54 @@
 #include "registry_docs/markdown/loosen.h"
 
-#include <cstddef>
-#include <optional>
+#include <algorithm>
+#include <utility>
 
 namespace registry_docs::markdown {
-namespace {
 
-using Place = std::optional<std::size_t>;  // of an item
+// Only at its end is it known whether the parts of an item stand apart.
+Looseness::Item Looseness::close() {
+  const Item item = open_.back();
+  open_.pop_back();
+  const auto own = lists_.begin() + static_cast<std::ptrdiff_t>(item.lists);
+  if (item.is_loose) to_part_.insert(to_part_.end(), own, lists_.end());
+  lists_.erase(own, lists_.end());
+  if (!open_.empty() && item.has_gap) open_.back().has_gap = true;
+  return item;
+}
 
-struct Item {
-  std::size_t line;
-  std::size_t column;  // where its text begins
-  Place parent = {};
-  Place before = {};      // the one before it in its list
-  bool is_loose = false;  // a blank line stands between two of its parts
-  bool has_gap = false;   // or within one of them
-};
+// The outermost item that ends before a line of that indent, if any does.
+std::optional<Looseness::Item> Looseness::close_beyond(std::size_t indent) {
+  std::optional<Item> closed;
+  while (!open_.empty() && open_.back().column > indent) closed = close();
+  return closed;
+}
 
-class Lists {
- public:
-  explicit Lists(std::span<const TidyLine> lines) : lines_(lines) {
-    for (std::size_t i = 0; i < lines_.size(); ++i) take(i);
+void Looseness::begin_item(std::size_t column, const std::optional<Item>& before,
+                           bool is_after_gap, std::size_t offset) {
+  if (!is_after_gap && before && before->has_gap) to_part_.push_back(offset);
+  if (!is_after_gap && !before && !open_.empty()) lists_.push_back(offset);
+  open_.push_back({.column = column, .lists = lists_.size()});
+}
+
+void Looseness::take(const Line& line, std::size_t offset) {
+  if (line.text.empty()) {
+    is_after_gap_ = true;
+    return;
   }
-
-  [[nodiscard]] std::vector<bool> to_part() const {
-    std::vector<bool> found(lines_.size());
-    for (const Item& item : items_) {
-      const bool is_apart = item.before   ? items_[*item.before].has_gap
-                            : item.parent ? items_[*item.parent].is_loose
-                                          : false;
-      found[item.line] = is_apart && !is_behind_gap(item.line);
-    }
-    return found;
+  const bool is_after_gap = std::exchange(is_after_gap_, false);
+  const std::optional<Item> before = close_beyond(line.indent);
+  const std::size_t mark = list_mark_size(line.text);
+  if (is_after_gap && !open_.empty()) {
+    open_.back().has_gap = true;
+    if (mark == 0 || !before) open_.back().is_loose = true;
   }
+  if (mark != 0) begin_item(line.indent + mark + 1, before, is_after_gap, offset);
+}
 
- private:
-  [[nodiscard]] bool is_behind_gap(std::size_t line) const {
-    return line > 0 && lines_[line - 1].line.text.empty();
-  }
-
-  void take(std::size_t number) {
-    const auto& [line, is_code] = lines_[number];
-    if (line.text.empty() || is_code) return;
-    Place before;
-    while (innermost_ && items_[*innermost_].column > line.indent) {
-      before = innermost_;
-      innermost_ = items_[*innermost_].parent;
-      if (innermost_ && items_[*before].has_gap) items_[*innermost_].has_gap = true;
-    }
-    const std::size_t mark = list_mark_size(line.text);
-    const bool goes_on = mark != 0 && before;
-    if (innermost_ && is_behind_gap(number)) {
-      items_[*innermost_].has_gap = true;
-      if (!goes_on) items_[*innermost_].is_loose = true;
-    }
-    if (mark == 0) return;
-    items_.push_back({number, line.indent + mark + 1, innermost_, before});
-    innermost_ = items_.size() - 1;
-  }
-
-  std::span<const TidyLine> lines_;
-  std::vector<Item> items_;
-  Place innermost_;
-};
-
-}  // namespace
-
-std::vector<bool> lines_to_part(std::span<const TidyLine> lines) {
-  return Lists(lines).to_part();
+std::vector<std::size_t> Looseness::lines_to_part() && {
+  while (!open_.empty()) close();
+  std::ranges::sort(to_part_);
+  return std::move(to_part_);
 }
 
 }  // namespace registry_docs::markdown

@@ -1,6 +1,10 @@
 #include "registry_docs/markdown/tidy.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "registry_docs/markdown/align_table.h"
 #include "registry_docs/markdown/fence.h"
@@ -11,42 +15,74 @@
 namespace registry_docs::markdown {
 namespace {
 
-std::vector<TidyLine> lines_in(std::string_view text) {
-  std::vector<TidyLine> lines;
-  lines.reserve(static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1);
-  std::optional<Fence> fence;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const Line line{.whole = text.substr(0, end),
-                    .text = text::trimmed(text.substr(0, end), text::is_blank),
-                    .indent = indent_of(text.substr(0, end)).columns};
-    TidyLine& taken = lines.emplace_back(TidyLine{.line = line, .is_code = fence.has_value()});
-    if (!fence) {
-      fence = fence_of(line);
-    } else if (closes(line, *fence)) {
-      fence.reset();
-      taken.is_code = true;
+// What stands in place of a part of a text.
+struct Edit {
+  std::size_t begin;
+  std::size_t end;
+  std::string text = {};
+};
+
+// Finds what is not tidy in a text, line by line.
+class Tidying {
+ public:
+  explicit Tidying(std::string_view text) : text_(text) {}
+
+  // In order.
+  std::vector<Edit> edits() && {
+    for (std::size_t at = 0; at < text_.size();) {
+      const std::size_t end = std::min(text_.find('\n', at), text_.size());
+      take(line_between(at, end), at);
+      at = end + 1;
     }
-    text.remove_prefix(std::min(end + 1, text.size()));
+    end_table(text_.size());
+    for (const std::size_t line : std::move(looseness_).lines_to_part()) {
+      edits_.push_back({line, line, "\n"});
+    }
+    std::ranges::stable_sort(edits_, {}, &Edit::begin);
+    return std::move(edits_);
   }
-  return lines;
-}
 
-// A single blank at the end says nothing; two end a line for the reader.
-std::string_view without_last_blank(const TidyLine& line) {
-  std::string_view whole = line.line.whole;
-  if (!line.is_code && whole.ends_with(' ') && !whole.ends_with("  ")) whole.remove_suffix(1);
-  return whole;
-}
+ private:
+  [[nodiscard]] Line line_between(std::size_t begin, std::size_t end) const {
+    const std::string_view whole = text_.substr(begin, end - begin);
+    return {.whole = whole,
+            .text = text::trimmed(whole, text::is_blank),
+            .indent = indent_of(whole).columns};
+  }
 
-bool is_row(const TidyLine& line) { return !line.is_code && line.line.text.starts_with('|'); }
+  void take(const Line& line, std::size_t at) {
+    const bool is_code = fence_.has_value();
+    if (is_code || !line.text.starts_with('|')) end_table(at);
+    if (is_code) {
+      looseness_.take_code();
+      if (closes(line, *fence_)) fence_.reset();
+      return;
+    }
+    fence_ = fence_of(line);
+    looseness_.take(line, at);
+    if (line.text.starts_with('|')) {
+      rows_.push_back(line);
+    } else if (line.whole.ends_with(' ') && !line.whole.ends_with("  ")) {
+      // A single blank at the end says nothing; two end a line for the reader.
+      edits_.push_back({at + line.whole.size() - 1, at + line.whole.size()});
+    }
+  }
 
-// The number of lines from the first on that are those of one table.
-std::size_t table_size(std::span<const TidyLine> lines) {
-  std::size_t size = 0;
-  while (size < lines.size() && is_row(lines[size])) ++size;
-  return size;
-}
+  void end_table(std::size_t end) {
+    if (rows_.empty()) return;
+    Edit edit{static_cast<std::size_t>(rows_[0].whole.data() - text_.data()), end};
+    append_table(edit.text, rows_);
+    if (text_[end - 1] != '\n') edit.text.pop_back();
+    edits_.push_back(std::move(edit));
+    rows_.clear();
+  }
+
+  std::string_view text_;
+  std::optional<Fence> fence_;
+  std::vector<Line> rows_;  // of the table that the last lines are of
+  Looseness looseness_;
+  std::vector<Edit> edits_;
+};
 
 }  // namespace
 
@@ -67,21 +103,16 @@ void trim(std::string& text, std::size_t begin) {
 
 void tidy(std::string& text, std::size_t begin) {
   trim(text, begin);
+  const std::vector<Edit> edits = Tidying(std::string_view(text).substr(begin)).edits();
+  if (edits.empty()) return;
+  std::size_t taken = edits[0].begin;
   const std::string untidy(text, begin);
-  const std::vector<TidyLine> lines = lines_in(untidy);
-  const std::vector<bool> is_parted = lines_to_part(lines);
-  text.resize(begin);
-  for (std::size_t at = 0; at < lines.size();) {
-    if (is_parted[at]) text += '\n';
-    const std::size_t rows = table_size(std::span(lines).subspan(at));
-    if (rows == 0) {
-      text.append(without_last_blank(lines[at++])).append("\n");
-      continue;
-    }
-    append_table(text, std::span(lines).subspan(at, rows));
-    at += rows;
+  text.resize(begin + taken);
+  for (const Edit& edit : edits) {
+    text.append(untidy, taken, edit.begin - taken).append(edit.text);
+    taken = edit.end;
   }
-  if (text.size() > begin) text.pop_back();
+  text.append(untidy, taken);
 }
 
 }  // namespace registry_docs::markdown
