@@ -1,64 +1,52 @@
 #include "json_schema/parts.h"
 
+#include <cstring>
+
 namespace json_schema {
 namespace {
 
-struct Named {
-  std::string_view name;
-  Keyword keyword;
-};
-
-// By size, by which a name is looked up.
-constexpr std::array<Named, 27> keywords = {
-    {{"$id", Keyword::silent},
-     {"type", Keyword::type},
-     {"enum", Keyword::enumeration},
-     {"$ref", Keyword::reference},
-     {"items", Keyword::items},
-     {"const", Keyword::constant},
-     {"title", Keyword::title},
-     {"anyOf", Keyword::any_of},
-     {"oneOf", Keyword::one_of},
-     {"allOf", Keyword::all_of},
-     {"$defs", Keyword::silent},
-     {"default", Keyword::default_value},
-     {"minimum", Keyword::minimum},
-     {"maximum", Keyword::maximum},
-     {"example", Keyword::example},
-     {"$schema", Keyword::silent},
-     {"$anchor", Keyword::silent},
-     {"required", Keyword::required},
-     {"examples", Keyword::examples},
-     {"$comment", Keyword::silent},
-     {"properties", Keyword::properties},
-     {"deprecated", Keyword::deprecated},
-     {"description", Keyword::description},
-     {"prefixItems", Keyword::prefix_items},
-     {"definitions", Keyword::silent},
-     {"patternProperties", Keyword::pattern_properties},
-     {"additionalProperties", Keyword::additional_properties}}};
-
-constexpr std::size_t longest = 20;
-
-// Where the names of each size begin.
-constexpr auto begins = [] {
-  std::array<std::size_t, longest + 2> places{};
-  for (std::size_t size = 0, at = 0; size < places.size(); ++size) {
-    while (at < keywords.size() && keywords[at].name.size() < size) ++at;
-    places[size] = at;
+// `name` has the size of each of them, which is known when this is compiled, so that a
+// comparison is one of numbers.
+template <std::size_t size, typename... More>
+Keyword known_as(std::string_view name, const char (&known)[size], Keyword keyword,
+                 const More&... more) {
+  if (std::memcmp(name.data(), known, size - 1) == 0) return keyword;
+  if constexpr (sizeof...(more) > 0) {
+    return known_as(name, more...);
+  } else {
+    return Keyword::other;
   }
-  return places;
-}();
+}
 
 }  // namespace
 
 Keyword keyword_of(std::string_view name) {
-  if (name.size() > longest) return Keyword::other;
-  for (std::size_t at = begins[name.size()]; at < begins[name.size() + 1]; ++at) {
-    if (keywords[at].name[0] == name[0] && keywords[at].name == name)
-      return keywords[at].keyword;
+  using enum Keyword;
+  switch (name.size()) {
+    case 3:
+      return known_as(name, "$id", silent);
+    case 4:
+      return known_as(name, "type", type, "enum", enumeration, "$ref", reference);
+    case 5:
+      return known_as(name, "items", items, "const", constant, "title", title, "anyOf", any_of,
+                      "oneOf", one_of, "allOf", all_of, "$defs", silent);
+    case 7:
+      return known_as(name, "default", default_value, "minimum", minimum, "maximum", maximum,
+                      "example", example, "$schema", silent, "$anchor", silent);
+    case 8:
+      return known_as(name, "required", required, "examples", examples, "$comment", silent);
+    case 10:
+      return known_as(name, "properties", properties, "deprecated", deprecated);
+    case 11:
+      return known_as(name, "description", description, "prefixItems", prefix_items,
+                      "definitions", silent);
+    case 17:
+      return known_as(name, "patternProperties", pattern_properties);
+    case 20:
+      return known_as(name, "additionalProperties", additional_properties);
+    default:
+      return other;
   }
-  return Keyword::other;
 }
 
 Parts::Parts(const json::Node& schema) : schema_(schema) {

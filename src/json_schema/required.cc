@@ -44,7 +44,9 @@ bool is_property_of(const Field& object, const Field& part) {
 }  // namespace
 
 bool holds(const Names& names, std::string_view name) {
-  return std::ranges::binary_search(names, name);
+  constexpr std::size_t few = 8;  // most differ in size, which is seen at once
+  if (names.size() > few) return std::ranges::binary_search(names, name);
+  return std::ranges::find(names, name) != names.end();
 }
 
 Names required_by(std::span<const Holding> all, Walk& walk) {
@@ -102,6 +104,7 @@ std::optional<Words> choice_of(const std::vector<Names>& choices, Choice kind) {
 void tell_required(Field& field, const Names& required) {
   if (required.empty()) return;
   Names known;
+  known.reserve(field.fields.size());
   const auto mark = [&](Field& part) {
     if (!is_property_of(field, part)) return;
     part.is_required = part.is_required || holds(required, part.name);

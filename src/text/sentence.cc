@@ -4,12 +4,11 @@
 #include <array>
 
 #include "registry_docs/text.h"
+#include "text/ascii.h"
 #include "text/white_space.h"
 
 namespace text {
 namespace {
-
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 // The marks that a line of a heading, a quote or a list begins with, and the blanks behind
 // them.
@@ -121,22 +120,28 @@ std::size_t sentence_size(std::string_view text) {
       return std::min(text.find(' ', at), text.size());
     }
     constexpr std::string_view wide_stop = "\u3002";
-    if (text.substr(at, wide_stop.size()) == wide_stop) return at + wide_stop.size();
+    if (c == wide_stop[0] && text.substr(at).starts_with(wide_stop)) {
+      return at + wide_stop.size();
+    }
   }
   return text.size();
 }
 
 std::string collapsed(std::string_view text) {
   std::string result;
+  result.reserve(text.size());
   while (!text.empty()) {
+    const auto* const end = std::ranges::find_if_not(text, is_letter_or_digit);
+    result.append(text.begin(), end);
+    text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
     std::size_t blank = white_space_size(text);
-    if (blank == 0) {
+    if (blank != 0) {
+      for (; blank != 0; blank = white_space_size(text)) text.remove_prefix(blank);
+      result += ' ';
+    } else if (!text.empty()) {
       result += text.front();
       text.remove_prefix(1);
-      continue;
     }
-    for (; blank != 0; blank = white_space_size(text)) text.remove_prefix(blank);
-    result += ' ';
   }
   return result;
 }

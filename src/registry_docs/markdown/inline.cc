@@ -62,7 +62,9 @@ void append_inline(std::string& to, std::string_view text) {
 
 void append_code_span(std::string& to, std::string_view text) {
   if (is_name(text)) {
-    to.append(1, '`').append(text).append(1, '`');
+    to += '`';
+    to += text;
+    to += '`';
     return;
   }
   std::string room;

@@ -28,6 +28,13 @@ constexpr std::array<bool, 256> make_special() {
 }
 constexpr std::array<bool, 256> special = make_special();
 
+// By byte: whether it is ASCII to be seen, and none of those.
+constexpr auto is_plain_anywhere = [] {
+  std::array<bool, 256> is_plain{};
+  for (std::size_t c = ' '; c <= '~'; ++c) is_plain[c] = !special[c];
+  return is_plain;
+}();
+
 // Whether it is clear that the character at `at` is written as it is, unless it begins a
 // block.
 bool is_plain(std::string_view text, std::size_t at) {
@@ -199,6 +206,7 @@ std::string_view without_padding(std::string_view content) {
 bool is_plain_line(std::string_view text) {
   if (text.empty() || !text::is_letter(text[0])) return false;
   for (std::size_t at = 0; at < text.size(); ++at) {
+    if (is_plain_anywhere[static_cast<unsigned char>(text[at])]) continue;
     if (text[at] < ' ' || text[at] > '~' || !is_plain(text, at)) return false;
   }
   return true;

@@ -1,8 +1,6 @@
 #include "registry_docs/markdown/shown_text.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 
 #include "text/ascii.h"
 #include "text/code_point.h"
@@ -17,23 +15,18 @@ constexpr char32_t zero_width_joiner = 0x200D;
 
 bool is_shown_ascii(char c) { return (c >= ' ' && c <= '~') || c == '\n' || c == '\t'; }
 
-// Whether eight characters are all ASCII from " " to "~". Adding sets the highest bit of a
-// byte from 0x7F on, and so does taking away of one below 0x20, unless one before it borrowed,
-// when this is only too careful.
-bool are_shown_ascii(const char* at) {
-  constexpr std::uint64_t each = 0x0101010101010101;
-  std::uint64_t bytes = 0;
-  std::memcpy(&bytes, at, sizeof bytes);
-  return ((bytes | (bytes + each) | (bytes - each * ' ')) & (each << 7)) == 0;
+// Looks at all of them, so that the compiler can look at many at once.
+bool are_shown_ascii(std::string_view few) {
+  unsigned char is_other = 0;
+  for (const char c : few) is_other |= static_cast<unsigned char>(is_shown_ascii(c) ? 0 : 1);
+  return is_other == 0;
 }
 
 std::size_t end_of_shown_ascii(std::string_view text, std::size_t from) {
-  for (;;) {
-    while (text.size() - from >= 8 && are_shown_ascii(text.data() + from)) from += 8;
-    const std::size_t end = std::min(from + 8, text.size());
-    while (from < end && is_shown_ascii(text[from])) ++from;
-    if (from < end || from == text.size()) return from;
-  }
+  constexpr std::size_t few = 64;
+  while (text.size() - from >= few && are_shown_ascii(text.substr(from, few))) from += few;
+  while (from < text.size() && is_shown_ascii(text[from])) ++from;
+  return from;
 }
 
 bool is_shown(text::CodePoint character) {
