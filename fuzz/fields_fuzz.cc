@@ -21,7 +21,7 @@ std::size_t count_of(const Field& field) {
 }
 
 void check(const Field& field) {
-  require(!field.type.empty() && !field.types.empty(), "a type", field.path);
+  require(!field.type.empty(), "a type", field.path);
   require(!find_ill_formed(field.type + field.path + field.form), "UTF-8", field.path);
   for (const Field& part : field.fields) check(part);
 }

@@ -4,6 +4,7 @@
 #define JSON_SCHEMA_FIELD_H
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,7 @@ struct Field {
   std::string form = {};
   std::size_t depth = 0;                // 0: a parameter itself
   std::string type = {};                // in words: "string or integer[]"
-  std::vector<std::string> types = {};  // the parts of that
+  std::vector<std::string> types = {};  // the parts of that, where it has several
   bool is_required = false;
   bool is_nullable = false;  // may be null, which the words leave out
   bool has_nullable_items = false;
@@ -56,6 +57,12 @@ struct Field {
   std::vector<Field> fields = {};  // of objects, items and forms
   json::MaybeNode schema = {};     // as it was answered
 };
+
+// The parts of a field's type. Borrows from the field.
+inline std::span<const std::string> types_of(const Field& field) {
+  if (!field.types.empty()) return field.types;
+  return {&field.type, field.type.empty() ? 0U : 1U};
+}
 
 }  // namespace json_schema
 

@@ -38,7 +38,7 @@ bool is_of_parameters(const Form& form) {
   const auto is_closing = [](const Limit& limit) {
     return limit.keyword == "additionalProperties";
   };
-  return !form.field.is_deprecated && std::ranges::all_of(form.field.types, is_object) &&
+  return !form.field.is_deprecated && std::ranges::all_of(types_of(form.field), is_object) &&
          std::ranges::all_of(form.field.limits, is_closing);
 }
 
@@ -159,9 +159,8 @@ Names FieldReader::fill(Field& field, const Node& schema) {
   walk_.require_schema(schema);
   const Holding own{.parts = Parts(schema)};
   if (is_leaf(own.parts)) {
-    const std::string_view type = simple_type(own.parts);
-    take_types(field,
-               type.empty() ? shapes_.read(own.parts) : Shape{.types = {std::string(type)}});
+    field.type = simple_type(own.parts);
+    if (field.type.empty()) take_types(field, shapes_.read(own.parts));
     annotate(field, own.parts, walk_);
     put_into_words(field);
     return {};
@@ -212,9 +211,10 @@ Names FieldReader::fill_from(Field& field, std::span<const Holding> all) {
 }
 
 void FieldReader::take_types(Field& field, Shape shape) {
-  if (!field.types.empty() && field.type != "any") return;
+  if (!field.type.empty() && field.type != "any") return;
   field.type = shapes_.type_text(*field.schema, shape);
-  field.types = std::move(shape.types);
+  field.types.clear();
+  if (shape.types.size() > 1) field.types = std::move(shape.types);
   field.is_nullable = shape.is_nullable;
 }
 
@@ -377,11 +377,12 @@ void FieldReader::read_again(Field& field, const std::vector<Node>& schemas, IsO
 Field read_input(const Node& schema, std::vector<Fault>& faults) {
   Field field = FieldReader(schema, "input schema", faults).read(schema);
   const auto may_be = [&field](const char* type) {
-    return std::ranges::find(field.types, type) != field.types.end();
+    const auto types = types_of(field);
+    return std::ranges::find(types, type) != types.end();
   };
   if (may_be("object") || may_be("any")) {
     field.type = "object";
-    field.types = {field.type};
+    field.types.clear();
   } else {
     const auto type = schema.find("type");
     faults.push_back(

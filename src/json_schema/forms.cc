@@ -39,8 +39,8 @@ bool overlap(const std::string& type, const std::string& other) {
 }
 
 bool overlap(const Field& form, const Field& other) {
-  return std::ranges::any_of(form.types, [&](const std::string& type) {
-    return std::ranges::any_of(other.types,
+  return std::ranges::any_of(types_of(form), [&](const std::string& type) {
+    return std::ranges::any_of(types_of(other),
                                [&](const std::string& each) { return overlap(type, each); });
   });
 }

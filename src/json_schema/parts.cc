@@ -7,10 +7,10 @@ namespace {
 
 // `name` has the size of each of them, which is known when this is compiled, so that a
 // comparison is one of numbers.
-template <std::size_t size, typename... More>
-Keyword known_as(std::string_view name, const char (&known)[size], Keyword keyword,
+template <typename... More>
+Keyword known_as(std::string_view name, std::string_view known, Keyword keyword,
                  const More&... more) {
-  if (std::memcmp(name.data(), known, size - 1) == 0) return keyword;
+  if (std::memcmp(name.data(), known.data(), known.size()) == 0) return keyword;
   if constexpr (sizeof...(more) > 0) {
     return known_as(name, more...);
   } else {

@@ -35,7 +35,6 @@ Field field_of(const Node& param) {
   field.path = field.name;
   field.type = type ? type->string() : "string";
   if (items) field.type = std::string(items->at("type").string()) + "[]";
-  field.types = {field.type};
   if (description) field.description = description->string();
   field.is_required = required && required->boolean();
   if (default_value && default_value->kind() != Kind::null)

@@ -76,7 +76,16 @@ View remark_view(const Remark& remark) { return View::object(remark_type, &remar
 
 View field_view(const Field& field);
 View fields_of(const Field& field) { return list_of<Field, field_view>(field.fields); }
-View types_of(const Field& field) { return list_of<std::string, text_view>(field.types); }
+constexpr layouts::ListType types_type = {
+    .size =
+        [](const void* field) { return types_of(*static_cast<const Field*>(field)).size(); },
+    .for_each =
+        [](const void* field, const std::function<void(View)>& visit) {
+          for (const auto& type : types_of(*static_cast<const Field*>(field))) {
+            visit(text_view(type));
+          }
+        }};
+View types_view(const Field& field) { return View::list(types_type, &field); }
 View values_of(const Field& field) {
   return list_of<std::string_view, literal_view>(field.value_literals);
 }
@@ -114,7 +123,7 @@ constexpr std::array field_members = {
     member<&Field::form>("form"),
     member<Field, depth_of>("depth"),
     member<&Field::type>("type"),
-    member<Field, types_of>("types"),
+    member<Field, types_view>("types"),
     member<&Field::is_required>("required"),
     member<&Field::is_nullable>("nullable"),
     member<&Field::has_nullable_items>("nullable_items"),

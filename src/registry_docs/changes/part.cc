@@ -52,13 +52,14 @@ std::vector<Limit> limits_of(const Field& field, bool are_of_items) {
 }
 
 Part own_part_of(const Field& field) {
+  const auto types = json_schema::types_of(field);
   Part part{.path = field.path,
             .form = field.form,
             .is_property = !field.name.empty(),
             .is_required = field.is_required,
             .is_nullable = field.is_nullable,
             .is_deprecated = field.is_deprecated,
-            .types = {field.types.begin(), field.types.end()},
+            .types = {types.begin(), types.end()},
             .title = field.title,
             .description = field.description,
             .default_value = field.default_value,

@@ -53,8 +53,7 @@ Field input_of(const Tool& tool) {
     std::vector<Fault> faults;
     return json_schema::read_input(*schema, faults);
   }
-  return {
-      .type = "object", .types = {"object"}, .notes = tool.notes, .fields = tool.parameters};
+  return {.type = "object", .notes = tool.notes, .fields = tool.parameters};
 }
 
 Field output_of(const json::Node& schema) {

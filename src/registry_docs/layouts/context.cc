@@ -18,10 +18,11 @@ const Member* member_named(const ObjectType& type, std::string_view name) {
 }  // namespace
 
 std::size_t Types::number_of(const ObjectType& type) {
+  if (last_ < types_.size() && types_[last_] == &type) return last_;
   const auto at = std::ranges::find(types_, &type);
   const auto number = static_cast<std::size_t>(at - types_.begin());
   if (at == types_.end()) types_.push_back(&type);
-  return number;
+  return last_ = number;
 }
 
 void Members::find_all() {

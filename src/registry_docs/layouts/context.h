@@ -22,6 +22,7 @@ class Types {
 
  private:
   std::vector<const ObjectType*> types_;
+  std::size_t last_ = 0;  // that was asked for, as the next one often is the same
 };
 
 // Which members the names of one template are, looked up once for each type.

@@ -79,6 +79,8 @@ class Renderer {
     run(instructions.data(), instructions.data() + instructions.size());
   }
 
+  // What most tags do not need is kept out of line, so that little is saved and restored for
+  // each: a check of 1,000 tools takes 0.97 of the time.
   void run(const Instruction* at, const Instruction* end) {
     for (; at != end; at += at->span) {
       std::visit([&](const auto& what) { this->show(what, *at); }, at->what);
@@ -111,7 +113,11 @@ class Renderer {
 
   void show(const SectionTag& section, const Instruction& at) {
     begin_line(at);
-    if (section.over.filters.size == 0) return show(section, start_of(section.over, at), at);
+    if (section.over.filters.size != 0) return show_filtered(section, at);
+    show(section, start_of(section.over, at), at);
+  }
+
+  [[gnu::noinline]] void show_filtered(const SectionTag& section, const Instruction& at) {
     const auto filters = current_->source.program().filters_of(section.over);
     Made made;
     show(section, filtered(section.over, filters, made, at), at);
@@ -129,7 +135,7 @@ class Renderer {
     }
   }
 
-  void show(const WrapperTag& section, const Instruction& at) {
+  [[gnu::noinline]] void show(const WrapperTag& section, const Instruction& at) {
     begin_line(at);
     const std::size_t begin = to_.size();
     const Margin margin = margin_;
@@ -145,7 +151,7 @@ class Renderer {
 
   void show(const EndTag&, const Instruction& at) { begin_line(at); }
 
-  void show(const PartialTag& partial, const Instruction& at) {
+  [[gnu::noinline]] void show(const PartialTag& partial, const Instruction& at) {
     begin_line(at);
     enter(at);
     Linked* linked = &linked_partial(partial.name, at);
@@ -198,7 +204,7 @@ class Renderer {
     return start_elsewhere(expression, at);
   }
 
-  View start_elsewhere(const Expression& expression, const Instruction& at) {
+  [[gnu::noinline]] View start_elsewhere(const Expression& expression, const Instruction& at) {
     switch (expression.start) {
       case Start::member:
         return context_.find({&expression.name, 1}, current_->members, place_of(at));
@@ -222,14 +228,16 @@ class Renderer {
     return *loop_;
   }
 
-  View filtered(const Expression& expression, std::span<const Filter> filters, Made& made,
-                const Instruction& at) {
+  [[gnu::noinline]] View filtered(const Expression& expression,
+                                  std::span<const Filter> filters, Made& made,
+                                  const Instruction& at) {
     View view = start_of(expression, at);
     for (const Filter& filter : filters) view = applied(filter, view, made, at);
     return view;
   }
 
-  View applied(const Filter& filter, const View& view, Made& made, const Instruction& at) {
+  [[gnu::noinline]] View applied(const Filter& filter, const View& view, Made& made,
+                                 const Instruction& at) {
     if (const auto* const apply = std::get_if<ApplyToList>(&filter)) {
       return (*apply)(view, made, place_of(at));
     }
@@ -267,7 +275,7 @@ class Renderer {
     context_.pop();
   }
 
-  void go_through_each(const View& list, const Instruction& section) {
+  [[gnu::noinline]] void go_through_each(const View& list, const Instruction& section) {
     Loop loop{.size = list.list_type().size(list.data())};
     Loop* const outer = std::exchange(loop_, &loop);
     auto visit = [&](View element) {
