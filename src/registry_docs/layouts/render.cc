@@ -154,13 +154,18 @@ class Renderer {
   [[gnu::noinline]] void show(const PartialTag& partial, const Instruction& at) {
     begin_line(at);
     enter(at);
-    Linked* linked = &linked_partial(partial.name, at);
-    std::string indent = partial.is_alone ? indent_ + std::string(partial.indent) : "";
-    std::swap(current_, linked);
-    std::swap(indent_, indent);
+    Linked* const outer = std::exchange(current_, &linked_partial(partial.name, at));
+    const std::size_t size = indent_.size();
+    std::string indent;  // that is not for a partial in a line
+    if (partial.is_alone) {
+      indent_ += partial.indent;
+    } else {
+      std::swap(indent_, indent);
+    }
     run_all();
-    std::swap(current_, linked);
-    std::swap(indent_, indent);
+    if (!partial.is_alone) std::swap(indent_, indent);
+    indent_.resize(size);
+    current_ = outer;
     --depth_;
   }
 
