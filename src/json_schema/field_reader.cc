@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <iterator>
 #include <map>
 #include <span>
 #include <string>
@@ -30,18 +29,6 @@ constexpr std::size_t most_fields = 10'000;
 // What is within a field is one deeper, and a parameter at 0.
 constexpr auto above_parameters = static_cast<std::size_t>(-1);
 
-// Whether a form says nothing but what parameters there are.
-bool is_of_parameters(const Form& form) {
-  const auto is_object = [](const std::string& type) {
-    return type == "object" || type == "any";
-  };
-  const auto is_closing = [](const Limit& limit) {
-    return limit.keyword == "additionalProperties";
-  };
-  return !form.field.is_deprecated && std::ranges::all_of(types_of(form.field), is_object) &&
-         std::ranges::all_of(form.field.limits, is_closing);
-}
-
 // Whether a schema leads to no other and holds none. Three of four are such, and take a fifth
 // of the time that others take.
 bool is_leaf(const Parts& parts) {
@@ -61,23 +48,9 @@ std::string_view simple_type(const Parts& parts) {
   return found == types.end() ? std::string_view() : *found;
 }
 
-void unite_values(Field& field, const std::vector<Form>& forms) {
-  std::vector<Node> values;
-  for (const Form& form : forms) {
-    values.insert(values.end(), form.field.values.begin(), form.field.values.end());
-  }
-  unite(field.values, values);  // at once, as each time looks at all
-}
-
 void put_into_words(Field& field) {
   field.limit_words = words_of(field.limits);
   if (field.has_nullable_items) field.limit_words.push_back({{.text = "each may be null"}});
-}
-
-// Puts a field that was read as a part of another one below it.
-void deepen(Field& field) {
-  ++field.depth;
-  std::ranges::for_each(field.fields, deepen);
 }
 
 // Whether positions of an array have fields of their own.
@@ -85,20 +58,6 @@ bool is_tuple(const Field& array) {
   return std::ranges::any_of(array.fields, [&array](const Field& part) {
     return part.path.size() == array.path.size() + 3 && part.path.ends_with("[0]");
   });
-}
-
-void add_forms(Field& field, std::vector<Form>& forms) {
-  if (can_fold(field, forms)) {
-    for (auto& [form, required] : forms) tell_required(form, required);
-    return fold(field, forms);
-  }
-  tell_apart(forms);
-  for (auto& [form, required] : forms) {
-    tell_required(form, required);
-    if (field.description.empty() && form.type != "null") field.description = form.description;
-    deepen(form);
-    field.fields.push_back(std::move(form));
-  }
 }
 
 // Whether its schema says all that is known of a field.
@@ -284,7 +243,7 @@ void FieldReader::read_unions(Field& field, std::span<const Holding> all,
 }
 
 void FieldReader::tell_forms(Field& field, std::vector<Form>& forms, const Names& required) {
-  if (field.path.empty() && std::ranges::all_of(forms, is_of_parameters)) {
+  if (field.path.empty() && are_of_parameters(forms)) {
     merge(field, forms, required);
   } else {
     add_forms(field, forms);
@@ -318,14 +277,7 @@ void FieldReader::merge(Field& field, std::vector<Form>& forms, const Names& req
   std::ranges::sort(in_any_case);
   tell_apart(forms);
   note_required(field, forms, in_any_case);
-  for (auto& [form, of_form] : forms) {
-    add_remark(field, {form.title, form.description, form.default_value});
-    std::ranges::move(form.notes, std::back_inserter(field.notes));
-    std::ranges::move(form.remarks, std::back_inserter(field.remarks));
-    std::ranges::move(form.examples, std::back_inserter(field.examples));
-    std::ranges::move(form.limits, std::back_inserter(field.limits));
-    field.is_cut = field.is_cut || form.is_cut;
-  }
+  gather(field, forms);
   merge_fields(field, forms, in_any_case);
 }
 

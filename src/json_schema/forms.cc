@@ -68,6 +68,43 @@ Words note_of(const Field& form, const Names& names) {
   return words;
 }
 
+// Whether a form says nothing but what parameters there are.
+bool is_of_parameters(const Form& form) {
+  const auto is_object = [](const std::string& type) {
+    return type == "object" || type == "any";
+  };
+  const auto is_closing = [](const Limit& limit) {
+    return limit.keyword == "additionalProperties";
+  };
+  return !form.field.is_deprecated && std::ranges::all_of(types_of(form.field), is_object) &&
+         std::ranges::all_of(form.field.limits, is_closing);
+}
+
+bool can_fold(const Field& field, const std::vector<Form>& forms) {
+  const Form* speaker = nullptr;
+  for (const Form& form : forms) {
+    if (!says_more(form.field)) continue;
+    if (speaker != nullptr || !can_fold(field, form.field)) return false;
+    speaker = &form;
+  }
+  return speaker == nullptr || std::ranges::none_of(forms, [speaker](const Form& form) {
+           return &form != speaker && overlap(speaker->field, form.field);
+         });
+}
+
+void fold(Field& field, std::vector<Form>& forms) {
+  for (auto& [form, required] : forms) {
+    add_remark(field, {.title = form.title});
+    if (field.description.empty()) field.description = form.description;
+    field.has_nullable_items = field.has_nullable_items || form.has_nullable_items;
+    field.is_cut = field.is_cut || form.is_cut;
+    append(field.examples, std::move(form.examples));
+    append(field.limits, std::move(form.limits));
+    append(field.notes, std::move(form.notes));
+    append(field.fields, std::move(form.fields));
+  }
+}
+
 }  // namespace
 
 std::string label_of(const Field& form, const Node& schema) {
@@ -118,28 +155,45 @@ void note_required(Field& field, const std::vector<Form>& forms, const Names& in
   }
 }
 
-bool can_fold(const Field& field, const std::vector<Form>& forms) {
-  const Form* speaker = nullptr;
-  for (const Form& form : forms) {
-    if (!says_more(form.field)) continue;
-    if (speaker != nullptr || !can_fold(field, form.field)) return false;
-    speaker = &form;
-  }
-  return speaker == nullptr || std::ranges::none_of(forms, [speaker](const Form& form) {
-           return &form != speaker && overlap(speaker->field, form.field);
-         });
+bool are_of_parameters(const std::vector<Form>& forms) {
+  return std::ranges::all_of(forms, is_of_parameters);
 }
 
-void fold(Field& field, std::vector<Form>& forms) {
-  for (auto& [form, required] : forms) {
-    add_remark(field, {.title = form.title});
-    if (field.description.empty()) field.description = form.description;
-    field.has_nullable_items = field.has_nullable_items || form.has_nullable_items;
-    field.is_cut = field.is_cut || form.is_cut;
+void gather(Field& field, std::vector<Form>& forms) {
+  for (auto& [form, of_form] : forms) {
+    add_remark(field, {form.title, form.description, form.default_value});
+    append(field.notes, std::move(form.notes));
+    append(field.remarks, std::move(form.remarks));
     append(field.examples, std::move(form.examples));
     append(field.limits, std::move(form.limits));
-    append(field.notes, std::move(form.notes));
-    append(field.fields, std::move(form.fields));
+    field.is_cut = field.is_cut || form.is_cut;
+  }
+}
+
+void unite_values(Field& field, const std::vector<Form>& forms) {
+  std::vector<Node> values;
+  for (const Form& form : forms) {
+    values.insert(values.end(), form.field.values.begin(), form.field.values.end());
+  }
+  unite(field.values, values);  // at once, as each time looks at all
+}
+
+void deepen(Field& field) {
+  ++field.depth;
+  std::ranges::for_each(field.fields, deepen);
+}
+
+void add_forms(Field& field, std::vector<Form>& forms) {
+  if (can_fold(field, forms)) {
+    for (auto& [form, required] : forms) tell_required(form, required);
+    return fold(field, forms);
+  }
+  tell_apart(forms);
+  for (auto& [form, required] : forms) {
+    tell_required(form, required);
+    if (field.description.empty() && form.type != "null") field.description = form.description;
+    deepen(form);
+    field.fields.push_back(std::move(form));
   }
 }
 
