@@ -160,7 +160,7 @@ void Conversation::take_list_error(const Error& error, bool has_id) {
   if (!has_id || (is_announced && !error.is_unknown_method)) {
     throw Mismatch("an " + awaited(), error.text);
   }
-  if (is_announced && *warn_) {
+  if (is_announced && !all_lists[at_].is_often_lacking && *warn_) {
     (*warn_)(server_->label + ": expected an " + awaited() + ", as it announces \"" +
              std::string(all_lists[at_].capability) + "\", found " + error.text);
   }

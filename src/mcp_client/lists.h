@@ -13,15 +13,16 @@ namespace mcp_client {
 
 struct List {
   std::string_view method;
-  std::string_view member;      // of the result
-  std::string_view capability;  // by which a server announces it
+  std::string_view member;        // of the result
+  std::string_view capability;    // by which a server announces it
+  bool is_often_lacking = false;  // many that announce it offer none, and do not know of it
 };
 
 inline constexpr std::array<List, 4> all_lists = {
     {{"tools/list", "tools", "tools"},
      {"prompts/list", "prompts", "prompts"},
      {"resources/list", "resources", "resources"},
-     {"resources/templates/list", "resourceTemplates", "resources"}}};
+     {"resources/templates/list", "resourceTemplates", "resources", true}}};
 
 // The pages of a list.
 class Pages {
