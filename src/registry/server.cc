@@ -30,6 +30,7 @@ class Reader {
     const auto [command, args, env, cwd, url, protocol, timeout, type] =
         declared.find_each(names);
     if (!command) refuse_lack_of_command(declared, url);
+    if (url) url->refuse("no address beside a command", "one");
     require_standard_streams(type);
     server_.command = filled_text(*command, "a command");
     server_.label = label_of(*command, args);
@@ -140,9 +141,11 @@ Server clients_server(const Node& name, const std::filesystem::path& root,
   if (entry) return Reader(variables).read(*entry);
   std::vector<std::string_view> names;
   entries.for_each_member([&](std::string_view each, auto&&) { names.push_back(each); });
-  name.refuse("a server of " + std::string(clients_file) + ", one of " +
-                  registry_docs::visible(text::join(names, ", ")),
-              registry_docs::in_quotes(name.string()));
+  std::string expected = "a server of " + std::string(clients_file);
+  if (!names.empty())
+    expected += ", one of " + registry_docs::visible(text::join(names, ", "));
+  name.refuse(expected,
+              names.empty() ? "none in it" : registry_docs::in_quotes(name.string()));
 }
 
 }  // namespace

@@ -118,6 +118,8 @@ class Several(unittest.TestCase):
         self.declare(server="note")
         self.expect((2, "", 'registry-docs.json: server: expected a server of .mcp.json, one of notes, found '
                      '"note"\n'), "--check")
+        self.save(".mcp.json", {"mcpServers": {}})
+        self.expect((2, "", "registry-docs.json: server: expected a server of .mcp.json, found none in it\n"), "--check")
 
     def test_values_of_variables_are_in_no_output(self):
         shown = "print(os.environ['KEY']); print(os.environ['KEY'], file=sys.stderr); sys.exit(1)"
